@@ -1,0 +1,2 @@
+# Libraries of the tools, samples and tests; the product itself links none of them.
+include(GoogleTest OPTIONAL)

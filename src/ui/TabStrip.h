@@ -1,0 +1,39 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <vector>
+
+namespace orv::ui {
+
+/// A strip of tabs. Tabs are addressed by 1-based position or by key.
+class TabStrip final : public Control {
+  public:
+    struct Tab {
+        std::u16string key;
+        std::u16string caption;
+    };
+    using Control::Control;
+    std::u16string_view typeName() const override { return u"TabStrip"; }
+
+    const std::vector<Tab>& tabs() const noexcept { return tabs_; }
+    void addTab(std::u16string key, std::u16string caption);
+    /// Removes the tab of that key; AutomationError 35601 (element not found) when there is none. When the selected
+    /// tab goes, the first one is selected.
+    void removeTab(std::u16string_view key);
+    void setTabCaption(int position, std::u16string caption);
+    /// 1-based; 0 when there is no tab.
+    int selected() const noexcept { return selected_; }
+    /// The selected tab's key, "" when there is none.
+    std::u16string_view selectedKey() const noexcept;
+    /// Selects and raises `click`, also from code; AutomationError 35600 (index out of bounds) beyond the tabs.
+    void select(int position);
+
+    Signal<> click;
+
+  private:
+    std::vector<Tab> tabs_;
+    int selected_ = 0;
+};
+
+} // namespace orv::ui

@@ -1,0 +1,43 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <vector>
+
+namespace orv::ui {
+
+/// A toolbar; buttons are addressed by 1-based position or by key and may carry a menu.
+class Toolbar final : public Control {
+  public:
+    struct MenuItem {
+        std::u16string key;
+        std::u16string text;
+    };
+    struct ToolButton {
+        std::u16string key;
+        std::u16string caption;
+        std::u16string toolTip;
+        bool enabled = true;
+        std::vector<MenuItem> menu;
+    };
+    using Control::Control;
+    std::u16string_view typeName() const override { return u"Toolbar"; }
+
+    const std::vector<ToolButton>& buttons() const noexcept { return buttons_; }
+    int count() const noexcept { return static_cast<int>(buttons_.size()); }
+    void addButton(ToolButton button);
+    /// Replaces a button's content (1-based); AutomationError 35600 beyond the buttons.
+    void setButton(int position, ToolButton button);
+
+    /// A click by key, as the user does; AutomationError 35601 for an unknown key; nothing when disabled.
+    void userClick(std::u16string_view key);
+    void userMenu(std::u16string_view key, std::u16string_view menuKey);
+
+    Signal<std::u16string> buttonClick;              ///< button key
+    Signal<std::u16string, std::u16string> menuClick; ///< button key, menu item key
+
+  private:
+    std::vector<ToolButton> buttons_;
+};
+
+} // namespace orv::ui
