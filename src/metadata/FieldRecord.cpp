@@ -21,8 +21,7 @@ const Value& FieldRecord::value(std::u16string_view key) const {
     if (found != known_.end())
         return found->second;
     Value answer = record_.getValue(key, Value());
-    // A vector may move its entries when it grows; callers use the reference before they ask for the next key.
-    return known_.emplace_back(std::u16string(key), std::move(answer)).second;
+    return known_.emplace_front(std::u16string(key), std::move(answer)).second;
 }
 
 std::u16string FieldRecord::text(std::u16string_view key) const {

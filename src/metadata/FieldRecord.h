@@ -3,11 +3,11 @@
 #include "automation/Views.h"
 
 #include <cstdint>
+#include <forward_list>
 #include <memory>
 #include <string>
 #include <string_view>
 #include <utility>
-#include <vector>
 
 namespace orv::metadata {
 
@@ -31,7 +31,8 @@ class FieldRecord {
 
   private:
     automation::Dictionary record_;
-    mutable std::vector<std::pair<std::u16string, automation::Value>> known_;
+    // A list: references to entries stay good while further keys are read.
+    mutable std::forward_list<std::pair<std::u16string, automation::Value>> known_;
 };
 
 using FieldRef = std::shared_ptr<const FieldRecord>;
