@@ -3,6 +3,7 @@
 #include "ui/Signal.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -19,6 +20,9 @@ struct Rect {
 };
 
 /// What every constituent control has. A model knows no view: a view subscribes to `changed`.
+///
+/// A setter that changes nothing raises no `changed`. A setter with an event of its own raises `changed` first, the
+/// event last. A handler may destroy the control whose event it handles.
 class Control {
   public:
     /// `name` is the control's name; elements of a control array carry their index too ("chkPage", 1).
@@ -48,14 +52,20 @@ class Control {
     std::optional<std::uint32_t> backColor() const noexcept { return backColor_; }
     void setBackColor(std::optional<std::uint32_t> color);
 
-    /// Asks the view for the keyboard focus; `focusRequested` tells it.
+    /// Asks the view for the keyboard focus; `focusRequested` tells it. Whether the control can have it (all its
+    /// containers are shown) is known to the view only, so nothing fails here.
     void setFocus();
 
     /// Anything that a view shows has changed.
     Signal<> changed;
     Signal<> focusRequested;
 
+  protected:
+    /// Expires with the control: to be asked by whoever goes on after a handler has run.
+    std::weak_ptr<const void> lifetime() const noexcept { return lifetime_; }
+
   private:
+    std::shared_ptr<const void> lifetime_ = std::make_shared<char>();
     std::u16string name_;
     std::optional<int> index_;
     bool visible_ = true;
@@ -108,7 +118,7 @@ class CheckBox final : public CaptionControl {
     bool isChecked() const noexcept { return value_ == CheckState::checked; }
     /// Raises `click` when the value changes, also from code.
     void setValue(CheckState value);
-    /// The user clicks: toggles the box unless it is disabled or hidden.
+    /// The user clicks: toggles the box unless it is disabled or hidden; a grayed box becomes unchecked.
     void userClick();
     Signal<> click;
 
@@ -135,6 +145,7 @@ class ScrollBar final : public Control {
     std::u16string_view typeName() const override { return u"VScrollBar"; }
     int value() const noexcept { return value_; }
     int maximum() const noexcept { return maximum_; }
+    /// A maximum below 0 is taken as 0; a value beyond the new maximum is brought down to it as by `setValue`.
     void setMaximum(int maximum);
     /// Clamped to 0..maximum; raises `change` when it differs, also from code.
     void setValue(int value);

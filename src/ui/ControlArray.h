@@ -9,7 +9,8 @@
 namespace orv::ui {
 
 /// A control array: elements of one name with consecutive indexes from `lowerBound` up. Elements keep their address.
-template <class T> class ControlArray {
+template <class T>
+class ControlArray {
   public:
     ControlArray(std::u16string name, int lowerBound) : name_(std::move(name)), lowerBound_(lowerBound) {}
 
@@ -26,12 +27,16 @@ template <class T> class ControlArray {
         return *elements_[static_cast<std::size_t>(index - lowerBound_)];
     }
 
+    /// Loads the next element and returns it.
     T& load() {
         elements_.push_back(std::make_unique<T>(name_, upperBound() + 1));
         return *elements_.back();
     }
-    /// Loads or unloads elements at the end until there are `count`.
+    /// Loads or unloads elements at the end until there are `count`; error 5 for a negative count. An element may be
+    /// unloaded while its own event runs.
     void resize(int count) {
+        if (count < 0)
+            throw automation::AutomationError::runtime(automation::errorNumber::invalidCall);
         while (this->count() > count)
             elements_.pop_back();
         while (this->count() < count)

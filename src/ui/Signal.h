@@ -34,29 +34,38 @@ class Subscription {
 };
 
 /// An event of a model. Handlers run synchronously, in the order in which they subscribed; they may subscribe, end
-/// subscriptions, raise the event again or destroy the signal while it runs. What a handler throws reaches the raiser.
-template <class... Args> class Signal {
+/// subscriptions, raise the event again or destroy the signal while it runs. A handler that subscribes during a raise
+/// is first called by the next one; one that has ended, or whose signal is gone, is not called any more. What a
+/// handler throws reaches the raiser, and the handlers after it are not called.
+template <class... Args>
+class Signal {
   public:
     using Handler = std::function<void(Args...)>;
 
+    Signal() = default;
+    Signal(const Signal&) = delete;
+    Signal& operator=(const Signal&) = delete;
+    ~Signal() { state_->handlers = nullptr; }
+
     [[nodiscard]] Subscription subscribe(Handler handler) {
         const std::uint64_t id = ++state_->lastId;
-        state_->handlers.push_back({id, std::make_shared<Handler>(std::move(handler))});
+        auto handlers = state_->handlers ? std::make_shared<Handlers>(*state_->handlers) : std::make_shared<Handlers>();
+        handlers->push_back({id, std::make_shared<const Handler>(std::move(handler))});
+        state_->handlers = std::move(handlers);
         return Subscription([weak = std::weak_ptr<State>(state_), id] {
             if (auto state = weak.lock())
-                std::erase_if(state->handlers, [id](const Entry& e) { return e.id == id; });
+                state->remove(id);
         });
     }
 
     void raise(Args... args) const {
-        const std::shared_ptr<State> keep = state_;
-        if (keep->handlers.empty())
+        // The list is replaced, never changed, so a raise walks the one that it began with; nothing is allocated here.
+        const std::shared_ptr<const Handlers> atStart = state_->handlers;
+        if (!atStart)
             return;
-        const auto snapshot = keep->handlers;
-        for (const Entry& entry : snapshot) {
-            const bool stillThere =
-                std::ranges::any_of(keep->handlers, [&](const Entry& e) { return e.id == entry.id; });
-            if (stillThere)
+        const std::shared_ptr<const State> state = state_;
+        for (const Entry& entry : *atStart) {
+            if (state->handlers == atStart || state->contains(entry.id))
                 (*entry.handler)(args...);
         }
     }
@@ -64,11 +73,24 @@ template <class... Args> class Signal {
   private:
     struct Entry {
         std::uint64_t id;
-        std::shared_ptr<Handler> handler;
+        std::shared_ptr<const Handler> handler;
     };
+    using Handlers = std::vector<Entry>;
     struct State {
         std::uint64_t lastId = 0;
-        std::vector<Entry> handlers;
+        std::shared_ptr<const Handlers> handlers; ///< null when there are none
+
+        bool contains(std::uint64_t id) const {
+            return handlers && std::ranges::any_of(*handlers, [id](const Entry& e) { return e.id == id; });
+        }
+        void remove(std::uint64_t id) {
+            if (!contains(id))
+                return;
+            auto left = std::make_shared<Handlers>(*handlers);
+            std::erase_if(*left, [id](const Entry& e) { return e.id == id; });
+            // What the handler holds may end further subscriptions when it goes: by then the new list is in place.
+            const auto old = std::exchange(handlers, left->empty() ? nullptr : std::move(left));
+        }
     };
     std::shared_ptr<State> state_ = std::make_shared<State>();
 };

@@ -1,12 +1,15 @@
 #pragma once
 
+#include "ui/CellFormat.h"
+#include "ui/CellSpans.h"
 #include "ui/Control.h"
+#include "ui/SharedValues.h"
 
 #include <cstdint>
+#include <memory>
 #include <optional>
 #include <string>
 #include <string_view>
-#include <unordered_map>
 #include <vector>
 
 namespace orv::ui {
@@ -15,34 +18,6 @@ namespace orv::ui {
 namespace key {
 inline constexpr int f7 = 118;
 } // namespace key
-
-enum class CellType : std::uint8_t {
-    edit,        ///< text, limited to `maxLength` characters
-    comboBox,    ///< one of the items of the cell's list
-    checkBox,    ///< text "1" or "0"
-    staticText,  ///< shown, not edited
-    wholeNumber, ///< a whole number within `minimum`..`maximum`
-    decimal,     ///< a number with `decimals` places within `minimum`..`maximum`
-    date,        ///< yyyy-mm-dd shown; the text is MMDDYYYY as stored
-    time,        ///< HH:MM:SS shown; the text is HHMMSS as stored
-};
-
-/// How a cell is edited and shown. Value type: assign a whole format to a cell.
-struct CellFormat {
-    CellType type = CellType::edit;
-    int maxLength = 0; ///< UTF-16 units; 0 is no limit
-    double minimum = -999999999999.99;
-    double maximum = 999999999999.99;
-    int decimals = 0;
-    std::u16string earliestDate; ///< MMDDYYYY, as date cells store it
-    bool centred = false;
-    friend bool operator==(const CellFormat&, const CellFormat&) = default;
-};
-
-struct CellSpan {
-    int column = 0, row = 0, columns = 1, rows = 1;
-    friend bool operator==(const CellSpan&, const CellSpan&) = default;
-};
 
 /// A cell position; columns and rows count from 1, row 0 is the header row, column 0 the row headers.
 struct CellRef {
@@ -53,28 +28,36 @@ struct CellRef {
 /// The model of a spreadsheet grid.
 ///
 /// Setters are what code does; `user...` functions are what a user's action does, with the checks and events that
-/// belong to it. Events are raised synchronously. Setting a check-box cell raises `buttonClicked` also from code, as
-/// the direction pair of the sort grid relies on; choosing a combo item, editing and moving raise their events for the
-/// user's actions only, because the control runs those handlers itself where it sets cells up.
-/// Cells outside 0..maxRows x 0..maxCols raise AutomationError 5.
+/// belong to it; they do nothing in a disabled grid. Events are raised synchronously. Setting a check-box cell raises
+/// `buttonClicked` also from code, as the direction pair of the sort grid relies on; choosing a combo item, editing and
+/// moving raise their events for the user's actions only, because the control runs those handlers itself where it sets
+/// cells up. Handlers may change, resize or destroy the grid.
+///
+/// Cells outside 0..maxRows x 0..maxCols raise AutomationError 5. References to texts, formats and lists hold until the
+/// grid next changes. A user's action on a cell that a span covers goes to the span's first cell.
+///
+/// `changed` tells of the control's own properties; content and shape are told by `cellUpdated`.
 class Spread final : public Control {
   public:
     using Control::Control;
     std::u16string_view typeName() const override { return u"vaSpread"; }
 
-    // Shape
+    // Shape. A negative size raises AutomationError 5.
     int maxRows() const noexcept { return maxRows_; }
     int maxCols() const noexcept { return maxCols_; }
-    /// Cells beyond the new size lose their content.
+    /// Cells beyond the new size lose their content, spans are cut, the active cell is brought into range.
     void setMaxRows(int rows);
     void setMaxCols(int columns);
-    /// The last row that holds any text; 0 when none does.
+    /// The last row that holds any text beside its header; 0 when none does.
     int dataRowCount() const;
     /// Width in characters of the grid's font; 0 hides nothing, see setColumnHidden.
     double columnWidth(int column) const;
     void setColumnWidth(int column, double characters);
     bool columnHidden(int column) const;
     void setColumnHidden(int column, bool hidden);
+
+    // Rows as a whole: 1..maxRows (AutomationError 5), the row header goes with its row. The active cell keeps its
+    // position; editing ends. What becomes of spans: see CellSpans.
     /// Inserts `count` empty rows before `row`; the row count stays, so the last rows fall off.
     void insertRows(int row, int count);
     /// Deletes rows; empty rows come in at the end.
@@ -84,15 +67,19 @@ class Spread final : public Control {
 
     // Content
     const std::u16string& text(int column, int row) const;
-    /// The text of any cell; for a combo cell it selects the item of that text (-1 when there is none); for a
-    /// check-box cell see setChecked.
+    /// The text to show for a cell: as stored, but yyyy-mm-dd in a date cell and HH:MM:SS in a time cell.
+    std::u16string shownText(int column, int row) const;
+    /// The text of any cell, unchecked. A combo cell selects the first item of that text (-1 when there is none); a
+    /// check-box cell stores "" for a blank text, else "1" for a number other than 0 and "0" for the rest, and raises
+    /// `buttonClicked` when its state changes.
     void setText(int column, int row, std::u16string text);
-    /// The number that a cell's text stands for (0 when it is none).
+    /// The number that a cell's text stands for by the locale's rules (0 when it is none).
     double number(int column, int row) const;
     bool isChecked(int column, int row) const { return text(column, row) == u"1"; }
-    /// Sets a check-box cell and raises `buttonClicked` when it changes.
+    /// Sets a cell to "1" or "0"; a check-box cell raises `buttonClicked` when its state changes ("" to "0" is none).
     void setChecked(int column, int row, bool checked);
-    /// Empties the texts of a block of cells; formats, lists and spans stay.
+    /// Empties the texts of a block of cells without an event, unselects combo cells; formats, lists and spans stay.
+    /// The corners may be given in any order.
     void clearText(int column, int row, int column2, int row2);
 
     // Format
@@ -104,8 +91,13 @@ class Spread final : public Control {
     void setLocked(int column, int row, bool locked);
     std::optional<std::uint32_t> cellBackColor(int column, int row) const;
     void setCellBackColor(int column, int row, std::optional<std::uint32_t> color);
+    /// Whether a user can change the cell: no header, not locked, not static, the grid enabled.
+    bool editable(int column, int row) const;
 
-    // Combo lists: items joined by tabs; a leading tab makes the first item empty.
+    // Combo lists: items joined by tabs; a leading tab makes the first item empty; "" is a list without items.
+    // Only combo cells have one: giving another cell items, or selecting one there, raises AutomationError 5.
+    /// Replaces the list. The selection goes to the item of the cell's text; without one nothing is selected, and the
+    /// text is emptied unless the format is free text.
     void setComboList(int column, int row, std::u16string_view tabbedItems);
     const std::vector<std::u16string>& comboItems(int column, int row) const;
     /// The selected position from 0, -1 when nothing is selected.
@@ -115,6 +107,7 @@ class Spread final : public Control {
     void setComboSelection(int column, int row, int position);
 
     // Spans
+    /// Adds a span; spans that it overlaps go. AutomationError 5 when it leaves the grid or mixes header and body.
     void addSpan(const CellSpan& span);
     /// Removes the span that begins at the cell, if any.
     void removeSpan(int column, int row);
@@ -122,60 +115,89 @@ class Spread final : public Control {
     CellSpan spanAt(int column, int row) const;
 
     // Position
+    /// The current cell, never a header or one that a span covers; row 0 in a grid without rows, column 0 without
+    /// columns.
     CellRef activeCell() const noexcept { return active_; }
-    /// Makes a cell current without asking leave-handlers.
+    /// Makes a cell current without asking leave-handlers; editing ends. A header cell raises AutomationError 5; in a
+    /// grid without rows or columns, 1 is taken for the missing row or column.
     void setActiveCell(int column, int row);
     bool editMode() const noexcept { return editMode_; }
+    /// Begins or ends editing of the active cell; it does not begin in a cell that is not editable.
     void setEditMode(bool on);
 
     // What a user does
-    /// Moves to a cell; `leaveCell` (and `leaveRow` when the row changes) may cancel. True when the move was made.
+    /// Moves to a cell; `leaveCell` (and `leaveRow` when the row changes) may cancel. True when the move was made
+    /// or the cell was current already. Nothing moves to a header, to a hidden column, to a cell that a leave handler
+    /// made vanish, or while a leave handler runs: a message box in one takes the focus away and would have the handler
+    /// asked again.
     bool userMoveTo(int column, int row);
-    /// Types a text into a cell and confirms it: false (nothing changed) when the cell is locked, static, or its
-    /// format refuses the text; otherwise the text is set (cut to the maximum length) and `cellChanged` raised.
+    /// Types a text into a cell and confirms it: false (nothing changed) when the cell is not editable or its format
+    /// refuses the text (see storedFromTyped); otherwise the text is set and `cellChanged` raised. In a combo cell the
+    /// text picks its item as by userChoose, "" unselects, and others are refused unless the format is free text.
     bool userType(int column, int row, std::u16string text);
-    /// Picks an item of a combo cell: raises `comboSelectionChange`, then `cellChanged`.
+    /// Picks an item of an editable combo cell, -1 for none: raises `comboSelectionChange`, then `cellChanged` if the
+    /// cell is still there. False for another cell or a position beyond the list.
     bool userChoose(int column, int row, int position);
-    /// Clicks a check-box cell.
+    /// Clicks an editable check-box cell: it changes and raises `buttonClicked`. False for another cell.
     bool userToggle(int column, int row);
-    /// Clicks a cell: raises `click`, then moves there (row 0 and column 0 only raise the click).
+    /// Clicks a cell: raises `click`, then moves there (row 0 and column 0 only raise the click). A click beside all
+    /// cells is one at 0, 0.
     void userClick(int column, int row);
+    /// Presses a key in the grid.
     void userKeyDown(int keyCode, int shift);
 
-    Signal<int, int> comboSelectionChange;                ///< column, row
-    Signal<int, int> cellChanged;                         ///< column, row: after the user has edited a cell
-    Signal<int, int> buttonClicked;                       ///< column, row of a check-box cell
-    Signal<int, int> click;                               ///< column, row
-    Signal<int, int> keyDown;                             ///< key code, shift state
-    Signal<int, int, int, int, bool&> leaveCell;          ///< column, row, new column, new row, cancel
-    Signal<int, int, bool&> leaveRow;                     ///< row, new row, cancel
-    Signal<int, int> cellUpdated;                         ///< column, row of a cell to repaint; 0, 0 is everything
+    Signal<int, int> comboSelectionChange;       ///< column, row
+    Signal<int, int> cellChanged;                ///< column, row: after the user has edited a cell
+    Signal<int, int> buttonClicked;              ///< column, row of a check-box cell
+    Signal<int, int> click;                      ///< column, row
+    Signal<int, int> keyDown;                    ///< key code, shift state
+    Signal<int, int, int, int, bool&> leaveCell; ///< column, row, new column, new row, cancel
+    Signal<int, int, bool&> leaveRow;            ///< row, new row, cancel
+    Signal<int, int> cellUpdated;                ///< column, row of a cell to repaint; 0, 0 is everything
+    Signal<int, int> activeCellChanged;          ///< column, row
+    Signal<bool> editModeChanged;                ///< editing of the active cell has begun or ended
 
   private:
+    /// The lists and formats are shared between cells; null is no list, the default format.
     struct Cell {
         std::u16string text;
-        CellFormat format;
-        bool locked = false;
-        std::optional<std::uint32_t> backColor;
-        std::vector<std::u16string> items;
+        std::shared_ptr<const CellFormat> format;
+        std::shared_ptr<const std::vector<std::u16string>> items;
         int selection = -1;
+        std::optional<std::uint32_t> backColor;
+        bool locked = false;
     };
+    using Row = std::vector<Cell>;
     struct Column {
         double width = 8.0;
         bool hidden = false;
     };
     void check(int column, int row) const;
+    void checkRow(int row) const;
+    const Column& columnAt(int column) const;
     const Cell* find(int column, int row) const;
     Cell& at(int column, int row);
+    void storeCheckText(int column, int row, std::u16string text);
+    void storeSelection(int column, int row, int position);
+    void reshaped();
+    void rowsMoved();
+    void activate(CellRef target);
+    void endEditIfNotEditable(int column, int row);
+    bool inGrid(int column, int row) const noexcept;
+    CellRef spanOrigin(int column, int row) const;
+    bool askToLeave(CellRef target);
 
     int maxRows_ = 0;
     int maxCols_ = 0;
-    // Row-major cells; a row is allocated when one of its cells is first written.
-    std::vector<std::vector<Cell>> rows_;
-    std::vector<Column> columns_;
-    std::vector<CellSpan> spans_;
-    CellRef active_;
+    // Row by row; the cells of a row are allocated when one of them is first written.
+    std::vector<Row> rows_ = std::vector<Row>(1);
+    std::vector<Column> columns_ = std::vector<Column>(1);
+    CellSpans spans_;
+    SharedValues<CellFormat> formats_;
+    SharedValues<std::vector<std::u16string>> lists_;
+    CellRef active_{0, 0};
     bool editMode_ = false;
+    bool leaving_ = false;
 };
 
 } // namespace orv::ui
