@@ -25,7 +25,7 @@ struct CellFormat {
     double minimum = -999999999999.99;
     double maximum = 999999999999.99;
     int decimals = 0;
-    std::u16string earliestDate; ///< MMDDYYYY, as date cells store it; "" is no limit
+    std::u16string earliestDate{}; ///< MMDDYYYY, as date cells store it; "" is no limit
     bool centred = false;
     bool freeText = false; ///< a combo cell that takes typed texts beyond its list, too
     friend bool operator==(const CellFormat&, const CellFormat&) = default;

@@ -37,7 +37,7 @@ struct CellRef {
 /// grid next changes. A user's action on a cell that a span covers goes to the span's first cell.
 ///
 /// `changed` tells of the control's own properties; content and shape are told by `cellUpdated`.
-class Spread final : public Control {
+class Spread : public Control {
   public:
     using Control::Control;
     std::u16string_view typeName() const override { return u"vaSpread"; }
