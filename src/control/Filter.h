@@ -19,6 +19,8 @@ enum class Enu_ShowFilter_Style : std::int32_t {
     Enu_ShowFilter_Style_Filter = 2,        ///< conditions only
 };
 
+struct FilterState;
+
 /// The filter control as a host sees it, without a window. Members raise automation::AutomationError.
 ///
 /// Every member may call the host and be re-entered or released meanwhile: whoever owns a Filter keeps it alive
@@ -76,8 +78,7 @@ class Filter {
     FilterControls& controls();
 
   private:
-    struct State;
-    std::unique_ptr<State> state_;
+    std::unique_ptr<FilterState> state_;
 };
 
 } // namespace orv::control

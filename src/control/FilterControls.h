@@ -17,6 +17,7 @@ namespace orv::control {
 struct FilterControls {
     FilterControls();
 
+    ui::PictureBox UserControl{u"UserControl"}; ///< the control's own surface
     ui::Label lblClassType{u"lblClassType"};
     ui::ComboBox cboClassType{u"cboClassType"};
     ui::Label lblProject{u"lblProject"};

@@ -39,4 +39,10 @@ bool FieldRecord::flag(std::u16string_view key) const {
     return !isBlank(entry) && automation::toBoolean(entry);
 }
 
+void FieldRecord::provide(std::u16string_view key, const Value& entry) const {
+    record_.set(key, entry);
+    known_.remove_if([key](const auto& known) { return known.first == key; });
+    known_.emplace_front(std::u16string(key), entry);
+}
+
 } // namespace orv::metadata

@@ -29,6 +29,9 @@ class FieldRecord {
     /// The entry as a Boolean; absent, Null and "" read as False.
     bool flag(std::u16string_view key) const;
 
+    /// Writes an entry into the host's record and remembers it.
+    void provide(std::u16string_view key, const automation::Value& entry) const;
+
   private:
     automation::Dictionary record_;
     // A list: references to entries stay good while further keys are read.

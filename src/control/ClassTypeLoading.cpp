@@ -1,0 +1,102 @@
+#include "control/ClassTypeLoading.h"
+
+#include "automation/Coercion.h"
+#include "control/ClassTypeReload.h"
+
+namespace orv::control {
+
+using automation::Collection;
+using automation::Dictionary;
+using automation::ObjectRef;
+using automation::Value;
+
+namespace {
+
+/// Tag of the class-type combo box before anything is loaded.
+constexpr const char16_t* nothingLoaded = u"-1";
+
+void loadSingleClassType(FilterState& state) {
+    ui::ComboBox& box = state.controls->cboClassType;
+    box.clear();
+    const Dictionary classType = state.classType;
+    box.addItem(automation::toText(classType.get(u"FName")));
+    // The click that the selection raises finds the tag equal to it and does nothing.
+    box.setTag(u"0");
+    box.setListIndex(0);
+    reloadClassType(state);
+}
+
+void loadClassTypeList(FilterState& state, std::u16string_view classTypeIds, std::int32_t currentId) {
+    std::u16string filter = u"FID in (";
+    filter += classTypeIds;
+    filter += u')';
+    const ObjectRef classInfo = state.factory.create(u"ORVMClass.ClassInfo");
+    state.classTypeList = Collection(automation::toObject(
+        automation::call(classInfo, u"GetClassType", state.userProperties.text(), filter)));
+
+    const Collection list = state.classTypeList;
+    ui::ComboBox& box = state.controls->cboClassType;
+    box.clear();
+    int line = 0;
+    const std::int32_t count = list.count();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const Dictionary item = list.record(i);
+        box.addItem(automation::toText(item.get(u"FName")));
+        if (automation::toInt32(item.get(u"FID")) == currentId)
+            line = static_cast<int>(i) - 1;
+    }
+    // The tag differs from the selection: the click loads the class type.
+    box.setTag(nothingLoaded);
+    box.setListIndex(line);
+}
+
+/// Pages of small class types are not the user's to choose.
+void fixPageBoxes(FilterControls& controls) {
+    if (controls.chkPage.count() == 2) {
+        controls.chkPage(1).setValue(ui::CheckState::checked);
+        controls.chkPage(1).setEnabled(false);
+    } else if (controls.chkPage.count() == 3) {
+        controls.chkPage(1).setEnabled(false);
+        controls.chkPage(2).setEnabled(false);
+    }
+}
+
+} // namespace
+
+void loadClassTypes(FilterState& state, std::u16string_view classTypeIds) {
+    if (!state.settings)
+        state.settings = automation::newRecord(state.factory);
+    state.showScheme = automation::toBoolean(state.setting(u"ShowScheme", state.showScheme));
+    const ObjectRef service = state.dataService;
+    const std::int32_t currentId = service ? automation::toInt32(automation::get(service, u"ClassTypeID")) : 0;
+
+    if (classTypeIds.empty())
+        loadSingleClassType(state);
+    else
+        loadClassTypeList(state, classTypeIds, currentId);
+    fixPageBoxes(*state.controls);
+    state.controls->vsFilter.setActiveCell(1, 1);
+}
+
+void classTypeChosen(FilterState& state) {
+    ui::ComboBox& box = state.controls->cboClassType;
+    const int selected = box.listIndex();
+    if (automation::Val(box.tag()) == selected)
+        return;
+    const ObjectRef service = state.factory.create(u"ORVClassTpl.DataSrv");
+    const Collection list = state.classTypeList;
+    automation::let(service, u"ClassTypeID", list.record(selected + 1).get(u"FID"));
+    box.setTag(automation::numberToText(selected));
+    state.takeDataService(service);
+
+    FilterControls& controls = *state.controls;
+    for (int i = 1; i <= controls.lblFilter.upperBound(); ++i)
+        controls.lblFilter(i).setCaption(u"");
+    for (int row = 1; row <= controls.vsFilter.maxRows(); ++row) {
+        controls.vsFilter.setText(editor::column::field, row, u"");
+        state.conditionGrid.comboSelectionChange(editor::column::field, row);
+    }
+    reloadClassType(state);
+}
+
+} // namespace orv::control

@@ -1,0 +1,99 @@
+#pragma once
+
+#include "conditions/ConditionRow.h"
+#include "editor/Comparisons.h"
+#include "editor/ValueCell.h"
+#include "editor/ValueLists.h"
+#include "metadata/FieldCatalogue.h"
+#include "ui/Spread.h"
+
+#include <cstdint>
+#include <memory>
+#include <string>
+#include <string_view>
+#include <vector>
+
+namespace orv::editor {
+
+/// Columns of the condition grid.
+namespace column {
+inline constexpr int left = 1;
+inline constexpr int field = 2;
+inline constexpr int comparison = 3;
+inline constexpr int value = 4;
+inline constexpr int valueTime = 5;
+inline constexpr int valueEnd = 6;
+inline constexpr int right = 7;
+inline constexpr int logic = 8;
+} // namespace column
+
+/// What the condition grid asks of the control.
+class ConditionGridHost {
+  public:
+    virtual ~ConditionGridHost() = default;
+    /// The catalogue and the comparisons of the current data service; null without one.
+    virtual std::shared_ptr<metadata::FieldCatalogue> catalogue() = 0;
+    virtual std::shared_ptr<Comparisons> comparisons() = 0;
+    virtual ValueListSource valueListSource() = 0;
+    virtual DecimalPlaces decimalPlaces() = 0;
+    /// A warning box.
+    virtual void warn(std::u16string_view text) = 0;
+    /// What a user need not confirm.
+    virtual void log(std::u16string_view text) = 0;
+};
+
+/// The condition grid `vsFilter`: its layout, and how the cells of a line and its condition row move together.
+class ConditionGrid {
+  public:
+    /// Lines of the grid.
+    static constexpr int rowCount = 30;
+    using Rows = std::vector<conditions::ConditionRow>;
+
+    /// Both must outlive the grid.
+    ConditionGrid(ui::Spread& vsFilter, ConditionGridHost& host);
+
+    /// Sets shape, headings and cell types, once.
+    void layOut();
+    /// The field drop-down of every line: items joined by tabs, as fieldList makes them.
+    void setFieldList(const std::u16string& items);
+
+    /// The condition rows, one per touched line. Kept by whoever works on them while the host is called.
+    std::shared_ptr<Rows> rows() const noexcept { return rows_; }
+    /// Drops all condition rows.
+    void forgetRows() { rows_ = std::make_shared<Rows>(); }
+
+    /// What happens when a line's field (column 2) or comparison (column 3) was chosen or cleared.
+    void comboSelectionChange(int column, int row);
+    /// Empties a line: its texts, its record and the shape of its value area.
+    void clearRow(int row);
+    /// Empties every line.
+    void clearAll();
+
+    /// The guard of a move between lines; false cancels it.
+    bool mayLeaveRow(int row, int newRow);
+
+    /// The position in the select list of the field that a line holds; 0 without one.
+    std::int32_t fieldPosition(int row) const;
+
+  private:
+    conditions::ConditionRow& grow(int row);
+    void fieldChanged(int row);
+    void fieldCleared(int row);
+    void fillComparisons(int row, const automation::Value& condition);
+    void comparisonChanged(int row);
+    void setUpValueCell(int position, int row);
+    void resetValueArea(int row);
+    void applyShape(const ValueCellShape& shape, const conditions::CompareEntry& entry,
+                    const metadata::FieldRecord& field, int row);
+
+    ui::Spread& grid_;
+    ConditionGridHost& host_;
+    std::shared_ptr<Rows> rows_ = std::make_shared<Rows>();
+    ui::Subscription onCombo_;
+    ui::Subscription onLeaveRow_;
+};
+
+/// One item of the field drop-downs: the caption padded to 255 characters and the field's position.
+std::u16string fieldItem(std::u16string_view caption, std::int32_t position);
+
+} // namespace orv::editor

@@ -1,0 +1,139 @@
+#include "sortcols/ColumnGrid.h"
+
+#include "automation/Coercion.h"
+#include "support/Pieces.h"
+
+#include <unordered_map>
+
+namespace orv::sortcols {
+
+using metadata::FieldRef;
+using ui::CellFormat;
+using ui::CellType;
+namespace fieldKey = metadata::fieldKey;
+
+namespace {
+
+/// 1000 twips.
+constexpr const char16_t* usualWidth = u"17.64";
+
+CellFormat formatOf(CellType type) {
+    CellFormat format;
+    format.type = type;
+    format.centred = type == CellType::checkBox;
+    return format;
+}
+
+/// What the access table says of masks; each mask is asked once.
+class AccessTable {
+  public:
+    explicit AccessTable(const automation::Dictionary& table) : table_(table) {}
+    bool hides(const std::u16string& mask) {
+        if (!table_)
+            return false;
+        const auto [entry, isNew] = known_.try_emplace(mask, false);
+        if (isNew && table_.exists(mask))
+            entry->second = automation::toInt32(table_.get(mask)) == 0;
+        return entry->second;
+    }
+
+  private:
+    automation::Dictionary table_;
+    std::unordered_map<std::u16string, bool> known_;
+};
+
+} // namespace
+
+ColumnGrid::ColumnGrid(ui::Spread& vsHideColumn, std::function<void(std::u16string_view)> warn)
+    : grid_(vsHideColumn), warn_(std::move(warn)) {
+    onClick_ = grid_.click.subscribe(
+        [this](int, int row) { currentRow_ = row >= 1 && row <= grid_.maxRows() ? row : 0; });
+    onLeave_ = grid_.leaveCell.subscribe([this](int column, int row, int, int, bool& cancel) {
+        if (column == widthColumn && row >= 1)
+            checkWidth(row, cancel);
+    });
+}
+
+void ColumnGrid::layOut() {
+    static constexpr const char16_t* titles[columnCount] = {
+        u"第一行标题",   u"第二行标题",       u"显示",         u"宽度(毫米)", u"索引:主要是用来更新系统数据", u"对齐方式",
+        u"对应的字段名", u"对应的字段的别名", u"对应的库表名", u"库表别名"};
+    grid_.setMaxRows(0);
+    grid_.setMaxCols(columnCount);
+    for (int column = 1; column <= columnCount; ++column)
+        grid_.setText(column, 0, titles[column - 1]);
+}
+
+void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageSelection& pages,
+                      const automation::Dictionary& accessTable) {
+    AccessTable access(accessTable);
+    currentRow_ = 0;
+    grid_.setMaxRows(0);
+    grid_.setMaxRows(catalogue.count());
+    int row = 0;
+    for (std::int32_t position = 1; position <= catalogue.count(); ++position) {
+        const FieldRef field = catalogue.field(position);
+        if (access.hides(field->text(fieldKey::accessMask)) || !field->flag(fieldKey::visible) ||
+            !pages.contains(field->text(fieldKey::page)))
+            continue;
+        ++row;
+        const std::u16string caption = field->text(fieldKey::caption);
+        for (const int column : {captionColumn, secondCaptionColumn})
+            grid_.setFormat(column, row, formatOf(CellType::staticText));
+        grid_.setText(captionColumn, row, std::u16string(support::GetPiece(caption, 1, u"+")));
+        grid_.setText(secondCaptionColumn, row, std::u16string(support::GetPiece(caption, 2, u"+")));
+        grid_.setFormat(shownColumn, row, formatOf(CellType::checkBox));
+        grid_.setText(shownColumn, row, u"1");
+        grid_.setText(widthColumn, row, usualWidth);
+        grid_.setFormat(positionColumn, row, formatOf(CellType::wholeNumber));
+        grid_.setText(positionColumn, row, automation::numberToText(row));
+        grid_.setText(keyColumn, row, field->text(fieldKey::key));
+    }
+    grid_.setMaxRows(row);
+    if (row > 0)
+        grid_.setActiveCell(captionColumn, 1);
+}
+
+void ColumnGrid::checkWidth(int row, bool& cancel) {
+    if (grid_.number(widthColumn, row) <= maximumWidth)
+        return;
+    warn_(u"列的宽度不应该大于150毫米，请重新输入。");
+    grid_.setText(widthColumn, row, automation::numberToText(maximumWidth));
+    grid_.setEditMode(true);
+    cancel = true;
+}
+
+void ColumnGrid::moveUp() {
+    move(-1);
+}
+
+void ColumnGrid::moveDown() {
+    move(1);
+}
+
+void ColumnGrid::move(int step) {
+    if (currentRow_ == 0)
+        currentRow_ = 1;
+    const int target = currentRow_ + step;
+    if (currentRow_ > grid_.maxRows() || target < 1 || target > grid_.maxRows())
+        return;
+    grid_.moveRow(currentRow_, target);
+    currentRow_ = target;
+    grid_.setActiveCell(grid_.activeCell().column, target);
+}
+
+void ColumnGrid::setAllShown(bool shown) {
+    for (int row = 1; row <= grid_.maxRows(); ++row)
+        grid_.setChecked(shownColumn, row, shown);
+}
+
+std::vector<metadata::ColumnSetting> ColumnGrid::settings() const {
+    std::vector<metadata::ColumnSetting> result;
+    result.reserve(static_cast<std::size_t>(grid_.maxRows()));
+    for (int row = 1; row <= grid_.maxRows(); ++row)
+        result.push_back({grid_.text(keyColumn, row), grid_.number(shownColumn, row) != 0,
+                          grid_.number(widthColumn, row)});
+    return result;
+}
+
+} // namespace orv::sortcols
