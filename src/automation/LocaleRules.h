@@ -12,18 +12,23 @@ class LocaleRules {
   public:
     virtual ~LocaleRules() = default;
 
-    /// The number that the whole text stands for, or nothing when it is none. Blanks around it, a sign before or
-    /// after, grouping, the currency sign, parentheses for negatives, an exponent and "&H"/"&O" are recognised.
+    /// The number that the whole text stands for, or nothing when it is none; infinite where it is too large for a
+    /// Double. Blanks around it, a sign before or after, grouping, the currency sign, parentheses for negatives, an
+    /// exponent and "&H"/"&O" are recognised.
     virtual std::optional<double> parseNumber(std::u16string_view text) const = 0;
 
     /// The date (days since 30 December 1899) that the whole text stands for, or nothing when it is none.
     virtual std::optional<double> parseDate(std::u16string_view text) const = 0;
 
     /// The text of a date in the locale's short form; no time when it is midnight, no date when the day is 0.
+    /// Raises error 6 (overflow) outside of the calendar.
     virtual std::u16string dateText(double days) const = 0;
 };
 
 /// The rules in force for this process.
 const LocaleRules& localeRules();
+
+/// The rules of zh-CN, whatever the user's locale is.
+const LocaleRules& chineseRules();
 
 } // namespace orv::automation

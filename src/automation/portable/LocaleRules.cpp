@@ -56,6 +56,10 @@ class ChineseRules final : public LocaleRules {
 } // namespace
 
 const LocaleRules& localeRules() {
+    return chineseRules();
+}
+
+const LocaleRules& chineseRules() {
     static const ChineseRules rules;
     return rules;
 }

@@ -5,6 +5,7 @@
 #include "automation/portable/WidthFolding.h"
 
 #include <cstdint>
+#include <limits>
 #include <string>
 
 namespace orv::automation {
@@ -82,7 +83,7 @@ class NumberReader {
         return true;
     }
 
-    /// "&H" and "&O" literals, read as unsigned numbers of up to 64 bits.
+    /// "&H" and "&O" literals, read as whole numbers of up to 63 bits; infinite beyond.
     std::optional<double> readRadix() {
         rest_.remove_prefix(1);
         const char16_t mark = foldAscii(front());
@@ -92,22 +93,22 @@ class NumberReader {
         const unsigned width = mark == u'h' ? 4 : 3;
         const std::size_t before = rest_.size();
         std::uint64_t number = 0;
+        bool fits = true;
         for (unsigned digit; (digit = asciiDigitValue(front())) < (1U << width); rest_.remove_prefix(1)) {
-            if (number >> (64 - width) != 0)
-                return std::nullopt;
+            fits = fits && number >> (63 - width) == 0;
             number = (number << width) | digit;
         }
         if (rest_.size() == before)
             return std::nullopt;
-        return static_cast<double>(number);
+        return fits ? static_cast<double>(number) : std::numeric_limits<double>::infinity();
     }
 
     std::optional<double> readDecimal() {
         std::string literal;
-        takeDigits(literal, true);
+        takeGrouped(literal);
         if (take(decimalSign)) {
             literal += '.';
-            takeDigits(literal, false);
+            takeGrouped(literal);
         }
         if (literal.empty() || literal == ".")
             return std::nullopt;
@@ -120,13 +121,15 @@ class NumberReader {
                 rest_.remove_prefix(1);
             if (!isAsciiDigit(front()))
                 return std::nullopt;
-            takeDigits(literal, false);
+            for (; isAsciiDigit(front()); rest_.remove_prefix(1))
+                literal += static_cast<char>(front());
         }
         return parseLiteral(literal);
     }
 
-    void takeDigits(std::string& literal, bool grouped) {
-        for (; isAsciiDigit(front()) || (grouped && !literal.empty() && front() == groupSign); rest_.remove_prefix(1))
+    /// Digits; group signs are passed over behind the first of them.
+    void takeGrouped(std::string& literal) {
+        for (; isAsciiDigit(front()) || (!literal.empty() && front() == groupSign); rest_.remove_prefix(1))
             if (front() != groupSign)
                 literal += static_cast<char>(front());
     }
