@@ -15,6 +15,7 @@ struct NumberCase {
 
 inline constexpr const char* noWidthFolding = "does not read full-width forms";
 inline constexpr const char* noOldExponent = "does not read the exponent letter D";
+inline constexpr const char* shortRadix = "overflows at 32 bits in other bases";
 inline constexpr const char* asciiLettersOnly = "reads no Chinese words in dates but a half of the day behind the time";
 inline constexpr const char* laterYears = "takes years of two digits up to 2049";
 inline constexpr const char* twoDigitHours = "writes the hour with two digits";
@@ -68,7 +69,8 @@ inline constexpr NumberCase numberCases[] = {
     // other bases
     {u"&H1f", 31},
     {u"&hFFFF", 65535},
-    {u"&HFFFFFFFF", 4294967295.0},
+    {u"&H7FFFFFFF", 2147483647},
+    {u"&HFFFFFFFF", 4294967295, shortRadix},
     {u"&O17", 15},
     {u"&HG", none},
     {u"&O8", none},
