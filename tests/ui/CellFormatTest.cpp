@@ -82,7 +82,7 @@ INSTANTIATE_TEST_SUITE_P(
                     TypedCase{"BeforeEarliest", date, u"1899-12-31", nullptr},
                     TypedCase{"OldDate", anyDate, u"1850-06-15", u"06151850"},
                     TypedCase{"OldDateWithTime", anyDate, u"1850-06-15 18:00", u"06151850"},
-                    TypedCase{"TimeAlone", date, u"10:30", nullptr}, TypedCase{"NoDate", date, u"now", nullptr},
+                    TypedCase{"TimeAlone", anyDate, u"10:30", nullptr}, TypedCase{"NoDate", date, u"now", nullptr},
                     TypedCase{"BlankDate", date, u"", u""}, TypedCase{"Minutes", time, u"9:05", u"090500"},
                     TypedCase{"Seconds", time, u"23:59:59", u"235959"}, TypedCase{"Midnight", time, u"0:00", u"000000"},
                     TypedCase{"TimeWithDate", time, u"2024-02-01 9:05", nullptr},

@@ -6,8 +6,10 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <optional>
 #include <string>
+#include <type_traits>
 #include <vector>
 
 namespace orv::ui {
@@ -206,21 +208,35 @@ TEST_F(ComboBoxTest, AHandlerMaySelectAgain) {
     EXPECT_EQ(clicks, (std::vector{2, 0})) << "the inner click runs inside the outer one";
 }
 
-TEST(ComboBox, MayBeDestroyedByItsViewOrItsHandler) {
-    for (const bool byView : {true, false}) {
-        SCOPED_TRACE(byView ? "by its view" : "by its handler");
-        auto combo = std::make_optional<ComboBox>(u"cmbFilter", 1);
-        combo->addItem(u"全部");
-        int calls = 0;
-        const auto destroy = [&] {
-            ++calls;
-            combo.reset();
-        };
-        const auto handler = byView ? combo->changed.subscribe(destroy) : combo->click.subscribe(destroy);
-        combo->setListIndex(0);
-        EXPECT_FALSE(combo.has_value());
-        EXPECT_EQ(calls, 1);
-    }
+/// Destroys a control from a handler of its `changed`, where its own event is still to come.
+template <class T>
+void destroyFromItsView(void (*act)(T&)) {
+    auto control = std::make_unique<T>(u"control");
+    if constexpr (std::is_same_v<T, ComboBox>)
+        control->addItem(u"全部");
+    int calls = 0;
+    const auto view = control->changed.subscribe([&] {
+        ++calls;
+        control.reset();
+    });
+    act(*control);
+    EXPECT_EQ(calls, 1);
+}
+
+TEST(Control, MayBeDestroyedByItsView) {
+    destroyFromItsView<ComboBox>([](ComboBox& c) { c.setListIndex(0); });
+    destroyFromItsView<CheckBox>([](CheckBox& c) { c.userClick(); });
+    destroyFromItsView<ScrollBar>([](ScrollBar& c) { c.setValue(3); });
+    destroyFromItsView<ScrollBar>([](ScrollBar& c) { c.setMaximum(3); });
+    destroyFromItsView<TextBox>([](TextBox& c) { c.setText(u"x"); });
+}
+
+TEST(ComboBox, MayBeDestroyedByItsClick) {
+    auto combo = std::make_unique<ComboBox>(u"cmbFilter", 1);
+    combo->addItem(u"全部");
+    const auto handler = combo->click.subscribe([&] { combo.reset(); });
+    combo->setListIndex(0);
+    EXPECT_EQ(combo, nullptr);
 }
 
 } // namespace

@@ -164,6 +164,7 @@ TEST(SpreadContent, FormatsOfCellsAreTheirOwnHoweverManyThereAre) {
         EXPECT_EQ(grid.format(2, row).maxLength, row % 3);
     }
     EXPECT_EQ(grid.format(3, 1), CellFormat{});
+    EXPECT_EQ(&grid.format(1, 2), &grid.format(2, 2)) << "equal formats stand in memory once";
 }
 
 TEST(SpreadContent, ALongListStandsInMemoryOnceForAllRows) {

@@ -3,7 +3,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
-#include <optional>
+#include <memory>
 #include <stdexcept>
 #include <string>
 #include <utility>
@@ -261,48 +261,59 @@ TEST_F(SpreadUserTest, EditingNeedsAnEditableCellAndEndsWithIt) {
     EXPECT_FALSE(grid.editMode());
 }
 
+TEST_F(SpreadUserTest, AHandlerMayGoElsewhereWhenEditingEnds) {
+    grid.setEditMode(true);
+    const auto elsewhere = grid.editModeChanged.subscribe([&](bool on) {
+        if (!on)
+            grid.setActiveCell(7, 7);
+    });
+    grid.setActiveCell(2, 2);
+    EXPECT_EQ(taken(), "edit on;edit off;active 7,7;") << "the view hears of the cell that is current in the end";
+}
+
+/// Subscribes `handler` to a signal of any arguments.
+template <class... Args>
+Subscription on(Signal<Args...>& signal, std::function<void()> handler) {
+    return signal.subscribe([handler = std::move(handler)](Args...) { handler(); });
+}
+
 TEST(SpreadUser, AnyHandlerMayDestroyTheGrid) {
+    using Handler = std::function<void()>;
     struct Case {
         const char* name;
-        Subscription (*subscribe)(Spread&, std::function<void()>);
+        Subscription (*subscribe)(Spread&, Handler);
         void (*act)(Spread&);
     };
+    const auto updated = [](Spread& g, Handler h) { return on(g.cellUpdated, std::move(h)); };
+    const auto chosen = [](Spread& g, Handler h) { return on(g.comboSelectionChange, std::move(h)); };
+    const auto clicked = [](Spread& g, Handler h) { return on(g.click, std::move(h)); };
+    const auto leftCell = [](Spread& g, Handler h) { return on(g.leaveCell, std::move(h)); };
+    const auto leftRow = [](Spread& g, Handler h) { return on(g.leaveRow, std::move(h)); };
+    const auto edited = [](Spread& g, Handler h) { return on(g.editModeChanged, std::move(h)); };
+    const auto activated = [](Spread& g, Handler h) { return on(g.activeCellChanged, std::move(h)); };
     const std::vector<Case> cases = {
-        {"repainted, then clicked",
-         [](Spread& g, std::function<void()> f) { return g.cellUpdated.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.userToggle(3, 1); }},
-        {"chosen",
-         [](Spread& g, std::function<void()> f) { return g.comboSelectionChange.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.userChoose(2, 1, 0); }},
-        {"clicked", [](Spread& g, std::function<void()> f) { return g.click.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.userClick(2, 2); }},
-        {"left a cell",
-         [](Spread& g, std::function<void()> f) {
-             return g.leaveCell.subscribe([f](int, int, int, int, bool&) { f(); });
-         },
-         [](Spread& g) { EXPECT_FALSE(g.userMoveTo(2, 2)); }},
-        {"left a row",
-         [](Spread& g, std::function<void()> f) { return g.leaveRow.subscribe([f](int, int, bool&) { f(); }); },
-         [](Spread& g) { EXPECT_FALSE(g.userMoveTo(2, 2)); }},
-        {"ended editing by a move",
-         [](Spread& g, std::function<void()> f) { return g.editModeChanged.subscribe([f](bool) { f(); }); },
-         [](Spread& g) { g.userMoveTo(2, 2); }},
-        {"lost its active row",
-         [](Spread& g, std::function<void()> f) { return g.activeCellChanged.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.setMaxRows(0); }},
-        {"typed into",
-         [](Spread& g, std::function<void()> f) { return g.cellUpdated.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.userType(1, 1, u"x"); }},
-        {"reformatted",
-         [](Spread& g, std::function<void()> f) { return g.cellUpdated.subscribe([f](int, int) { f(); }); },
-         [](Spread& g) { g.setFormat(1, 1, checkBox); }},
+        {"repainted, then clicked", updated, [](Spread& g) { g.userToggle(3, 1); }},
+        {"repainted, then changed", updated, [](Spread& g) { g.userType(1, 1, u"x"); }},
+        {"repainted, then no longer edited", updated, [](Spread& g) { g.setFormat(2, 1, {}); }},
+        {"chosen", chosen, [](Spread& g) { g.userChoose(2, 1, 0); }},
+        {"clicked", clicked, [](Spread& g) { g.userClick(2, 2); }},
+        {"left a cell", leftCell, [](Spread& g) { EXPECT_FALSE(g.userMoveTo(2, 2)); }},
+        {"left a row", leftRow, [](Spread& g) { EXPECT_FALSE(g.userMoveTo(2, 2)); }},
+        {"ended editing by a move", edited, [](Spread& g) { g.userMoveTo(2, 2); }},
+        {"ended editing by moved rows", edited, [](Spread& g) { g.moveRow(1, 2); }},
+        {"lost its active row", activated, [](Spread& g) { g.setMaxRows(0); }},
+        {"spanned", activated,
+         [](Spread& g) {
+             g.addSpan({1, 1, 2, 1});
+         }},
     };
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
-        auto grid = std::make_optional<Grid>(3, 3);
+        auto grid = std::make_unique<Grid>(3, 3);
         grid->setFormat(2, 1, combo);
         grid->setComboList(2, 1, u"a");
         grid->setFormat(3, 1, checkBox);
+        grid->setActiveCell(2, 1);
         grid->setEditMode(true);
         int destroyed = 0;
         const auto handler = c.subscribe(*grid, [&] {
