@@ -33,8 +33,7 @@ bool Spread::userMoveTo(int column, int row) {
     const CellRef target = spanOrigin(column, row);
     if (target == active_)
         return true;
-    const auto alive = lifetime();
-    if (leaving_ || !askToLeave(target) || alive.expired() || !inGrid(target.column, target.row))
+    if (leaving_ || !askToLeave(target) || !inGrid(target.column, target.row))
         return false;
     activate(target);
     return true;
