@@ -1,5 +1,6 @@
 #include "automation/Coercion.h"
 
+#include "ErrorOf.h"
 #include "automation/AutomationError.h"
 #include "automation/Object.h"
 #include "automation/Records.h"
@@ -17,17 +18,6 @@ namespace orv::automation::tests {
 namespace {
 
 constexpr std::int32_t noError = 0;
-
-/// The number of the error that an action raises; 0 when it raises none.
-template <class Action>
-std::int32_t errorOf(Action action) {
-    try {
-        action();
-    } catch (const AutomationError& error) {
-        return error.number();
-    }
-    return noError;
-}
 
 /// An object whose default member is the given value.
 class Wrapper final : public Object {
