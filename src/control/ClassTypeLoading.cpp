@@ -31,8 +31,8 @@ void loadClassTypeList(FilterState& state, std::u16string_view classTypeIds, std
     filter += classTypeIds;
     filter += u')';
     const ObjectRef classInfo = state.factory.create(u"ORVMClass.ClassInfo");
-    state.classTypeList = Collection(automation::toObject(
-        automation::call(classInfo, u"GetClassType", state.userProperties.text(), filter)));
+    state.classTypeList = Collection(
+        automation::toObject(automation::call(classInfo, u"GetClassType", state.userProperties.text(), filter)));
 
     const Collection list = state.classTypeList;
     ui::ComboBox& box = state.controls->cboClassType;

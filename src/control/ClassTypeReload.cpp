@@ -81,9 +81,10 @@ void rebuildFilterPanel(FilterState& state) {
 void showOptionBoxes(FilterState& state) {
     FilterControls& controls = *state.controls;
     const bool shown = hasQuickFilterBoxes(state.classTypeId(), controls.cboClassType.text());
-    for (ui::Control* control : {static_cast<ui::Control*>(&controls.lblTime), static_cast<ui::Control*>(&controls.cboTime),
-                                 static_cast<ui::Control*>(&controls.lblCheck), static_cast<ui::Control*>(&controls.cboCheck),
-                                 static_cast<ui::Control*>(&controls.lblPost), static_cast<ui::Control*>(&controls.cboPost)})
+    for (ui::Control* control :
+         {static_cast<ui::Control*>(&controls.lblTime), static_cast<ui::Control*>(&controls.cboTime),
+          static_cast<ui::Control*>(&controls.lblCheck), static_cast<ui::Control*>(&controls.cboCheck),
+          static_cast<ui::Control*>(&controls.lblPost), static_cast<ui::Control*>(&controls.cboPost)})
         control->setVisible(shown);
 }
 

@@ -60,8 +60,8 @@ Collection Filter::get_m_Header() {
     const auto catalogue = state_->catalogue();
     const auto columns = state_->columnGrid.settings();
     const metadata::PageSelection pages(state_->selectedPages);
-    metadata::buildHeader(
-        {*catalogue, columns, pages, state_->classTypeId(), state_->allKeys, state_->factory}, header);
+    metadata::buildHeader({*catalogue, columns, pages, state_->classTypeId(), state_->allKeys, state_->factory},
+                          header);
     return header;
 }
 

@@ -54,8 +54,8 @@ class Filter {
     bool Initialize(std::u16string_view sClassTypeList = {});
     bool SaveLastUseScheme();
     bool RefreshProfile(automation::Dictionary odctProfileEntry);
-    std::u16string GetTakeBaseDataSQL(automation::Dictionary dct, automation::Recordset rsAll, std::u16string_view sValue,
-                                      std::u16string& FDSPName);
+    std::u16string GetTakeBaseDataSQL(automation::Dictionary dct, automation::Recordset rsAll,
+                                      std::u16string_view sValue, std::u16string& FDSPName);
     /// Extends `strFilter` by the filter text. Errors are shown and give False, or are raised when `bRaiseErr`.
     bool GetFilterSql(std::u16string& strFilter, bool bRaiseErr = false);
     bool GetSortString(std::u16string& HeadSort, std::u16string& EntrySort);

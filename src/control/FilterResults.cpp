@@ -51,7 +51,10 @@ bool filterSql(FilterState& state, std::u16string& strFilter, bool raiseErrors) 
     const auto rows = state.conditionGrid.rows();
     FilterControls& controls = *state.controls;
     const conditions::FilterForm form{
-        controls.vsFilter, controls.lblFilter, controls.cmbFilter, controls.cboClassType.text(),
+        controls.vsFilter,
+        controls.lblFilter,
+        controls.cmbFilter,
+        controls.cboClassType.text(),
         {controls.cboTime.listIndex(), controls.cboCheck.listIndex(), controls.cboPost.listIndex()}};
     ControlAsSource source(state);
     try {

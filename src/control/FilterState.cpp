@@ -88,9 +88,9 @@ void FilterState::releaseObjects() {
     const auto oldService = std::exchange(dataService, nullptr);
     const Collection oldCollections[] = {std::exchange(selectList, {}), std::exchange(classTypeEntries, {}),
                                          std::exchange(classTypeList, {}), std::exchange(header, {})};
-    const Dictionary oldDictionaries[] = {std::exchange(tableInfo, {}), std::exchange(classType, {}),
+    const Dictionary oldDictionaries[] = {std::exchange(tableInfo, {}),        std::exchange(classType, {}),
                                           std::exchange(hiddenConditions, {}), std::exchange(settings, {}),
-                                          std::exchange(allKeys, {}), std::exchange(idKeys, {})};
+                                          std::exchange(allKeys, {}),          std::exchange(idKeys, {})};
     const auto oldCatalogue = std::exchange(catalogue_, nullptr);
     const auto oldComparisons = std::exchange(comparisons_, nullptr);
     const auto oldRows = conditionGrid.rows();

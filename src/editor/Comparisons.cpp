@@ -20,8 +20,8 @@ std::shared_ptr<const Comparisons::Entries> Comparisons::entries(const Value& co
     auto entries = std::make_shared<Entries>();
     const std::int32_t count = offered ? offered.count() : 0;
     for (std::int32_t position = 1; position <= count; ++position)
-        entries->push_back(std::make_shared<const conditions::CompareEntry>(
-            conditions::CompareEntry::read(offered.record(position))));
+        entries->push_back(
+            std::make_shared<const conditions::CompareEntry>(conditions::CompareEntry::read(offered.record(position))));
     known_[name] = entries;
     return entries;
 }

@@ -86,8 +86,7 @@ void ConditionGrid::setFieldList(const std::u16string& items) {
 }
 
 std::int32_t ConditionGrid::fieldPosition(int row) const {
-    return automation::roundToInt32(
-        automation::Val(support::SplitLookupText(grid_.text(column::field, row), true)));
+    return automation::roundToInt32(automation::Val(support::SplitLookupText(grid_.text(column::field, row), true)));
 }
 
 ConditionRow& ConditionGrid::grow(int row) {

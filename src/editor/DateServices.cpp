@@ -24,10 +24,9 @@ void askCurrentPeriod(automation::ObjectFactory& factory, std::int32_t classType
     constexpr std::int32_t voucherEntryList = 1000802;
     const bool generalLedger = classTypeId == voucherList || classTypeId == voucherEntryList;
     const ObjectRef server = factory.create(u"ORVListServer.clsListServer");
-    period.known = automation::toBoolean(
-        automation::call(server, generalLedger ? u"GetGLCurPeriod" : u"GetCurPeriod", props,
-                         Argument::byReference(period.year), Argument::byReference(period.period),
-                         Argument::byReference(period.start), Argument::byReference(period.end)));
+    period.known = automation::toBoolean(automation::call(
+        server, generalLedger ? u"GetGLCurPeriod" : u"GetCurPeriod", props, Argument::byReference(period.year),
+        Argument::byReference(period.period), Argument::byReference(period.start), Argument::byReference(period.end)));
 }
 
 } // namespace orv::editor

@@ -4,8 +4,8 @@
 #include "automation/Coercion.h"
 #include "automation/Views.h"
 #include "metadata/ValueListField.h"
-#include "support/PaddedItem.h"
 #include "support/Letters.h"
+#include "support/PaddedItem.h"
 #include "support/Pieces.h"
 
 namespace orv::editor {

@@ -82,8 +82,7 @@ FieldRef FieldCatalogue::field(std::int32_t position) {
 FieldRef FieldCatalogue::fieldByKey(const std::u16string& key) {
     if (const auto known = fields_.find(key); known != fields_.end())
         return known->second;
-    auto field = std::make_shared<const FieldRecord>(
-        automation::Dictionary(automation::toObject(tableInfo_.get(key))));
+    auto field = std::make_shared<const FieldRecord>(automation::Dictionary(automation::toObject(tableInfo_.get(key))));
     fields_.emplace(key, field);
     return field;
 }

@@ -46,8 +46,8 @@ class AccessTable {
 
 ColumnGrid::ColumnGrid(ui::Spread& vsHideColumn, std::function<void(std::u16string_view)> warn)
     : grid_(vsHideColumn), warn_(std::move(warn)) {
-    onClick_ = grid_.click.subscribe(
-        [this](int, int row) { currentRow_ = row >= 1 && row <= grid_.maxRows() ? row : 0; });
+    onClick_ =
+        grid_.click.subscribe([this](int, int row) { currentRow_ = row >= 1 && row <= grid_.maxRows() ? row : 0; });
     onLeave_ = grid_.leaveCell.subscribe([this](int column, int row, int, int, bool& cancel) {
         if (column == widthColumn && row >= 1)
             checkWidth(row, cancel);
@@ -55,9 +55,16 @@ ColumnGrid::ColumnGrid(ui::Spread& vsHideColumn, std::function<void(std::u16stri
 }
 
 void ColumnGrid::layOut() {
-    static constexpr const char16_t* titles[columnCount] = {
-        u"第一行标题",   u"第二行标题",       u"显示",         u"宽度(毫米)", u"索引:主要是用来更新系统数据", u"对齐方式",
-        u"对应的字段名", u"对应的字段的别名", u"对应的库表名", u"库表别名"};
+    static constexpr const char16_t* titles[columnCount] = {u"第一行标题",
+                                                            u"第二行标题",
+                                                            u"显示",
+                                                            u"宽度(毫米)",
+                                                            u"索引:主要是用来更新系统数据",
+                                                            u"对齐方式",
+                                                            u"对应的字段名",
+                                                            u"对应的字段的别名",
+                                                            u"对应的库表名",
+                                                            u"库表别名"};
     grid_.setMaxRows(0);
     grid_.setMaxCols(columnCount);
     for (int column = 1; column <= columnCount; ++column)
@@ -131,8 +138,8 @@ std::vector<metadata::ColumnSetting> ColumnGrid::settings() const {
     std::vector<metadata::ColumnSetting> result;
     result.reserve(static_cast<std::size_t>(grid_.maxRows()));
     for (int row = 1; row <= grid_.maxRows(); ++row)
-        result.push_back({grid_.text(keyColumn, row), grid_.number(shownColumn, row) != 0,
-                          grid_.number(widthColumn, row)});
+        result.push_back(
+            {grid_.text(keyColumn, row), grid_.number(shownColumn, row) != 0, grid_.number(widthColumn, row)});
     return result;
 }
 

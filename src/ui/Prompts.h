@@ -1,7 +1,8 @@
 #pragma once
 
+#include "ui/Dialog.h"
+
 #include <cstdint>
-#include <optional>
 #include <string>
 
 namespace orv::ui {
@@ -16,18 +17,14 @@ inline constexpr std::int32_t yesNoInformation = 68;
 
 enum class MessageAnswer : std::int32_t { ok = 1, cancel = 2, yes = 6, no = 7 };
 
-/// The result that the save dialog leaves when the user confirms.
-struct SaveSchemeResult {
-    std::u16string FSchemeName;
-    std::int32_t FIsShare = 0;
-};
-
 /// Message boxes and modal dialogs. The shell shows real ones; tests queue answers and record what was shown.
 /// Both calls may pump messages: the control may be re-entered before they return.
 class Prompts {
   public:
     virtual ~Prompts() = default;
     virtual MessageAnswer message(const std::u16string& text, std::int32_t style, const std::u16string& title) = 0;
+    /// Shows a dialog until it is closed. Where no dialog can be shown it counts as cancelled.
+    virtual void showModal(Dialog& dialog) { dialog.close(); }
     /// Tells the host's diagnostics, without a box, what the user need not confirm.
     virtual void log(const std::u16string& text) = 0;
 };
