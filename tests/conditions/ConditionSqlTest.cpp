@@ -108,6 +108,8 @@ TEST(ConditionSql, WritesTypedValues) {
          "( convert(char(10),F,120) BETWEEN  '2024-02-01' AND '2024-02-29'  ) AND"},
         {date, " BETWEEN ", "2024-2-5 12:00 AND 2024-2-5 13:00",
          "( convert(char(10),F,120) BETWEEN  '2024-02-05' AND '2024-02-05'  ) AND"},
+        {date, " BETWEEN ", "2024-2-5 AND 2024/02/05",
+         "( convert(char(10),F,120) BETWEEN  '2024-02-05' AND '2024-02-05'  ) AND"},
         {date, " BETWEEN ", "2024-2-5 13:00 AND 2024-2-5 12:00", boundsReversed},
         {date, " BETWEEN ", "2024-2-5 AND x", boundNotDate},
         {date, " BETWEEN ", "13 AND 2024-2-5", boundNotDate},
@@ -159,6 +161,7 @@ TEST(ConditionSql, WritesOnePartOfALookUpCell) {
 
     expectSql({text, "<>", "...任意", "(  1<>1  ) AND"}, typed("<>", "1", "2"));
     expectSql({date, "<>", "...", "(  1<>1  ) AND"}, typed("<>", "1"));
+    expectSql({text, "<>", "..任意", "( isnull(isnull(F,''),'')<> '..任意'  ) AND"}, typed("<>", "1"));
     expectSql({text, "<>", " ...", "( isnull(isnull(F,''),'')<> '...'  ) AND"}, typed("<>", "1"));
     expectSql({text, "=", "...", "( F= '...'  ) AND"}, typed("=", "1"));
     expectSql({number, "<>", "...", "( isnull(F,'')<> 0 ) AND"}, typed("<>", "1"));
