@@ -224,7 +224,7 @@ bool Filter::GetCurPeriod(std::int32_t& CurYear, std::int32_t& CurPeriod, Date& 
     dStartDate = automation::toDate(period.start);
     dEndDate = automation::toDate(period.end);
     if (!period.known)
-        state_->warn(u"中间层调用失败！");
+        state_->messages().warn(u"中间层调用失败！");
     return period.known;
 }
 

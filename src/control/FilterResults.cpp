@@ -45,6 +45,15 @@ class ControlAsSource final : public conditions::FilterSqlSource {
     FilterState& state_;
 };
 
+/// The error with the line that it belongs to. Messages of the control's own are translated, the host's are not.
+AutomationError inUsersLanguage(const AutomationError& error, const FilterState& state) {
+    const bool own = error.source() == automation::controlSource;
+    return conditions::withContext(
+        own ? AutomationError(error.number(), error.source(), state.localisation.TranslateText(error.description()))
+            : error,
+        state.errorContext);
+}
+
 } // namespace
 
 bool filterSql(FilterState& state, std::u16string& strFilter, bool raiseErrors) {
@@ -61,10 +70,10 @@ bool filterSql(FilterState& state, std::u16string& strFilter, bool raiseErrors) 
         conditions::appendFilterSql(form, *rows, source, state.errorContext, strFilter);
         return true;
     } catch (const AutomationError& error) {
-        const AutomationError told = conditions::withContext(error, state.errorContext);
+        const AutomationError told = inUsersLanguage(error, state);
         if (raiseErrors)
             throw told;
-        state.warn(told.description());
+        state.messages().show(told.description(), ui::messageStyle::exclamation);
         return false;
     }
 }

@@ -1,6 +1,7 @@
 #include "control/FilterState.h"
 
 #include "automation/Coercion.h"
+#include "metadata/PageSelection.h"
 
 namespace orv::control {
 
@@ -11,8 +12,9 @@ using automation::Value;
 
 FilterState::FilterState(Filter& filter, automation::ObjectFactory& componentFactory, ui::Prompts& userPrompts)
     : owner(filter), factory(componentFactory), prompts(userPrompts), userProperties(componentFactory),
+      localisation(componentFactory, [this] { return userProperties.text(); }),
       conditionGrid(controls->vsFilter, *this), sortGrid(controls->vsOrder),
-      columnGrid(controls->vsHideColumn, [this](std::u16string_view text) { warn(text); }) {}
+      columnGrid(controls->vsHideColumn, [this](std::u16string_view text) { messages().warn(text); }) {}
 
 std::shared_ptr<metadata::FieldCatalogue> FilterState::catalogue() {
     if (!catalogue_)
@@ -26,6 +28,10 @@ std::shared_ptr<editor::Comparisons> FilterState::comparisons() {
     return comparisons_;
 }
 
+bool FilterState::onSelectedPage(const metadata::FieldRecord& field) {
+    return metadata::PageSelection(selectedPages).contains(field.text(metadata::fieldKey::page));
+}
+
 editor::ValueListSource FilterState::valueListSource() {
     return {dataService, factory, userProperties.text()};
 }
@@ -37,10 +43,6 @@ editor::DecimalPlaces FilterState::decimalPlaces() {
     };
     return {places(u"QtyDecimal", usual.quantity), places(u"PriceDecimal", usual.price),
             places(u"AmountDecimal", usual.amount)};
-}
-
-void FilterState::warn(std::u16string_view text) {
-    prompts.message(std::u16string(text), ui::messageStyle::exclamation, ui::messageTitle);
 }
 
 void FilterState::log(std::u16string_view text) {

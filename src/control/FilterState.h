@@ -8,6 +8,7 @@
 #include "metadata/FieldCatalogue.h"
 #include "sortcols/ColumnGrid.h"
 #include "sortcols/SortGrid.h"
+#include "support/Localisation.h"
 
 namespace orv::control {
 
@@ -18,9 +19,10 @@ struct FilterState final : editor::ConditionGridHost {
     // What the condition grid asks.
     std::shared_ptr<metadata::FieldCatalogue> catalogue() override;
     std::shared_ptr<editor::Comparisons> comparisons() override;
+    bool onSelectedPage(const metadata::FieldRecord& field) override;
     editor::ValueListSource valueListSource() override;
     editor::DecimalPlaces decimalPlaces() override;
-    void warn(std::u16string_view text) override;
+    ui::Messages& messages() override { return messages_; }
     void log(std::u16string_view text) override;
 
     /// The "FID" of the current class type record; 0 without one.
@@ -39,6 +41,7 @@ struct FilterState final : editor::ConditionGridHost {
     automation::ObjectFactory& factory;
     ui::Prompts& prompts;
     UserProperties userProperties;
+    support::Localisation localisation;
     std::shared_ptr<FilterControls> controls = std::make_shared<FilterControls>();
     editor::ConditionGrid conditionGrid;
     sortcols::SortGrid sortGrid;
@@ -65,6 +68,7 @@ struct FilterState final : editor::ConditionGridHost {
     ui::Subscription onTabClick;
 
   private:
+    ui::Messages messages_{prompts, localisation};
     std::shared_ptr<metadata::FieldCatalogue> catalogue_;
     std::shared_ptr<editor::Comparisons> comparisons_;
 };

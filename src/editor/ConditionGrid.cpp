@@ -6,6 +6,8 @@
 #include "support/PaddedItem.h"
 #include "support/Pieces.h"
 
+#include <algorithm>
+
 namespace orv::editor {
 
 using automation::AutomationError;
@@ -18,6 +20,9 @@ using ui::CellType;
 namespace fieldKey = metadata::fieldKey;
 
 namespace {
+
+/// The last line that an insert or a delete moves, whatever the grid's row count.
+constexpr int lastMovedRow = 29;
 
 constexpr const char16_t* leftBrackets = u"\t(\t((\t(((";
 constexpr const char16_t* rightBrackets = u"\t)\t))\t)))";
@@ -254,11 +259,55 @@ void ConditionGrid::clearAll() {
         clearRow(row);
 }
 
+void ConditionGrid::copyRow(int from, int to) {
+    const auto textOf = [this, from](int column) { return grid_.text(column, from); };
+    const std::u16string left = textOf(column::left);
+    const std::u16string field = textOf(column::field);
+    const std::u16string comparison = textOf(column::comparison);
+    const std::u16string value = textOf(column::value);
+    const std::u16string right = textOf(column::right);
+    const std::u16string logic = textOf(column::logic);
+    clearRow(to);
+    grid_.setText(column::left, to, left);
+    grid_.setText(column::field, to, field);
+    comboSelectionChange(column::field, to);
+    // The record must follow the comparison that the line shows, not the field's first one.
+    grid_.setText(column::comparison, to, comparison);
+    comboSelectionChange(column::comparison, to);
+    grid_.setText(column::value, to, value);
+    grid_.setText(column::right, to, right);
+    grid_.setText(column::logic, to, logic);
+}
+
+void ConditionGrid::insertRow() {
+    const int active = grid_.activeCell().row;
+    if (active == grid_.maxRows())
+        return;
+    for (int row = lastMovedRow; row >= std::max(active, 1); --row)
+        copyRow(row, row + 1);
+    clearRow(active);
+    grid_.setActiveCell(column::field, active);
+    grid_.setFocus();
+}
+
+void ConditionGrid::deleteRow() {
+    const int active = grid_.activeCell().row;
+    if (active < 1)
+        return;
+    for (int i = 1; i <= lastMovedRow; ++i) {
+        if (active + i > grid_.maxRows())
+            return;
+        copyRow(active + i, active + i - 1);
+    }
+    grid_.setActiveCell(column::comparison, active);
+    grid_.setFocus();
+}
+
 bool ConditionGrid::mayLeaveRow(int row, int newRow) {
     const auto isLine = [this](int line) { return line >= 1 && line <= grid_.maxRows(); };
     if (isLine(row) && conditions::IsFilterRowUsed(grid_, row)) {
         if (grid_.text(column::field, row).empty()) {
-            host_.warn(u"请选择过滤字段");
+            host_.messages().warn(u"请选择过滤字段");
             return false;
         }
         if (newRow > row && grid_.text(column::logic, row).empty())

@@ -1,10 +1,12 @@
 #pragma once
 
 #include "conditions/ConditionRow.h"
+#include "conditions/ConditionText.h"
 #include "editor/Comparisons.h"
 #include "editor/ValueCell.h"
 #include "editor/ValueLists.h"
 #include "metadata/FieldCatalogue.h"
+#include "ui/Messages.h"
 #include "ui/Spread.h"
 
 #include <cstdint>
@@ -34,10 +36,11 @@ class ConditionGridHost {
     /// The catalogue and the comparisons of the current data service; null without one.
     virtual std::shared_ptr<metadata::FieldCatalogue> catalogue() = 0;
     virtual std::shared_ptr<Comparisons> comparisons() = 0;
+    /// Whether the page of a field is among those selected.
+    virtual bool onSelectedPage(const metadata::FieldRecord& field) = 0;
     virtual ValueListSource valueListSource() = 0;
     virtual DecimalPlaces decimalPlaces() = 0;
-    /// A warning box.
-    virtual void warn(std::u16string_view text) = 0;
+    virtual ui::Messages& messages() = 0;
     /// What a user need not confirm.
     virtual void log(std::u16string_view text) = 0;
 };
@@ -68,6 +71,17 @@ class ConditionGrid {
     void clearRow(int row);
     /// Empties every line.
     void clearAll();
+    /// Inserts an empty line above the active one; the last line's content is lost. Nothing on the last line.
+    void insertRow();
+    /// Deletes the active line; the lines below move up, the last one keeps its content.
+    void deleteRow();
+
+    /// The conditions as a scheme keeps them; lines without a field are left out.
+    std::u16string conditionText() const;
+    /// Clears the grid and lays the conditions of a text on its first lines, brackets, comparisons and values
+    /// included; a blank text changes nothing. A line whose field is not offered any more stays empty: the host's
+    /// diagnostics learn of each, since the filter has become wider by it.
+    void loadConditionText(std::u16string_view text);
 
     /// The guard of a move between lines; false cancels it.
     bool mayLeaveRow(int row, int newRow);
@@ -79,6 +93,8 @@ class ConditionGrid {
     conditions::ConditionRow& grow(int row);
     void fieldChanged(int row);
     void fieldCleared(int row);
+    void copyRow(int from, int to);
+    void loadRecord(const conditions::ConditionRecord& record, std::int32_t position, int row);
     void fillComparisons(int row, const automation::Value& condition);
     void comparisonChanged(int row);
     void setUpValueCell(int position, int row);

@@ -4,6 +4,7 @@
 
 #include "automation/Text.h"
 #include "editor/ConditionGrid.h"
+#include "metadata/PageSelection.h"
 
 #include <gtest/gtest.h>
 
@@ -31,6 +32,17 @@ class FakeDataService final : public automation::Object {
     int asked = 0;
 };
 
+/// Records the message boxes; every question is answered No.
+class RecordedPrompts final : public ui::Prompts {
+  public:
+    ui::MessageAnswer message(const std::u16string& text, std::int32_t, const std::u16string&) override {
+        shown.push_back(automation::toUtf8(text));
+        return ui::MessageAnswer::no;
+    }
+    void log(const std::u16string&) override {}
+    std::vector<std::string> shown;
+};
+
 /// A laid out condition grid over a catalogue of its own.
 class ConditionGridFixture : public testing::Test, protected editor::ConditionGridHost {
   protected:
@@ -45,19 +57,24 @@ class ConditionGridFixture : public testing::Test, protected editor::ConditionGr
 
     std::shared_ptr<metadata::FieldCatalogue> catalogue() override { return catalogue_; }
     std::shared_ptr<editor::Comparisons> comparisons() override { return comparisons_; }
+    bool onSelectedPage(const metadata::FieldRecord& field) override { return selectedPages.contains(field.text(u"FPage")); }
     editor::ValueListSource valueListSource() override { return {service, factory, u""}; }
     editor::DecimalPlaces decimalPlaces() override { return {3, 2, 4}; }
-    void warn(std::u16string_view text) override { warnings.emplace_back(automation::toUtf8(text)); }
+    ui::Messages& messages() override { return messages_; }
     void log(std::u16string_view text) override { logged.emplace_back(automation::toUtf8(text)); }
 
+    metadata::PageSelection selectedPages{u",1,"};
     NoComponents factory;
+    RecordedPrompts prompts;
     std::shared_ptr<FakeDataService> service = std::make_shared<FakeDataService>();
-    std::vector<std::string> warnings;
+    std::vector<std::string>& warnings = prompts.shown;
     std::vector<std::string> logged;
     ui::Spread grid{u"vsFilter"};
     editor::ConditionGrid conditions{grid, *this};
 
   private:
+    support::Localisation localisation_{factory, [] { return std::u16string(); }};
+    ui::Messages messages_{prompts, localisation_};
     std::shared_ptr<metadata::FieldCatalogue> catalogue_;
     std::shared_ptr<editor::Comparisons> comparisons_ = std::make_shared<editor::Comparisons>(service);
 };

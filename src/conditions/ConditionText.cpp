@@ -1,0 +1,37 @@
+#include "conditions/ConditionText.h"
+
+#include "support/Pieces.h"
+
+namespace orv::conditions {
+
+namespace {
+constexpr std::u16string_view itemEnd = u"##<&";
+constexpr std::u16string_view recordEnd = u"||";
+} // namespace
+
+std::u16string formatConditionText(const std::vector<ConditionRecord>& records) {
+    std::u16string text;
+    for (const ConditionRecord& record : records) {
+        for (const std::u16string* item : {&record.left, &record.fieldName, &record.comparison, &record.value,
+                                           &record.right, &record.logic}) {
+            text += *item;
+            text += itemEnd;
+        }
+        text += recordEnd;
+    }
+    return text;
+}
+
+std::vector<ConditionRecord> parseConditionText(std::u16string_view text) {
+    std::vector<ConditionRecord> records;
+    support::PieceReader reader(text, recordEnd);
+    for (std::u16string_view piece; reader.next(piece);) {
+        if (piece.empty())
+            continue; // what follows the last terminator
+        const auto item = [piece](std::ptrdiff_t n) { return std::u16string(support::GetPiece(piece, n, itemEnd)); };
+        records.push_back({item(1), item(2), item(3), item(4), item(5), item(6)});
+    }
+    return records;
+}
+
+} // namespace orv::conditions

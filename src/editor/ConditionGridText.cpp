@@ -1,0 +1,107 @@
+#include "editor/ConditionGrid.h"
+
+#include "automation/Coercion.h"
+#include "conditions/GridRows.h"
+#include "support/Dates.h"
+#include "support/Letters.h"
+
+#include <algorithm>
+#include <unordered_map>
+
+namespace orv::editor {
+
+using conditions::ConditionRecord;
+using metadata::FieldRecord;
+using metadata::FieldRef;
+using ui::CellType;
+namespace fieldKey = metadata::fieldKey;
+
+namespace {
+
+bool isDateTime(const FieldRecord& field) {
+    return field.number(fieldKey::sourceType) == metadata::sourceTypeDateTime;
+}
+
+/// A list whose item alone is the value; a list that only fills an edit cell keeps its text.
+bool isValueList(const ui::Spread& grid, int row) {
+    const ui::CellFormat& format = grid.format(column::value, row);
+    return format.type == CellType::comboBox && !format.freeText;
+}
+
+} // namespace
+
+std::u16string ConditionGrid::conditionText() const {
+    std::vector<ConditionRecord> records;
+    const auto catalogue = host_.catalogue();
+    for (int row = 1; row <= grid_.maxRows(); ++row) {
+        const std::int32_t position = fieldPosition(row);
+        if (position < 1 || !catalogue)
+            continue;
+        const FieldRef field = catalogue->field(position);
+        ConditionRecord record;
+        record.left = grid_.text(column::left, row);
+        record.fieldName = field->text(fieldKey::fieldName);
+        record.comparison = automation::numberToText(grid_.comboSelection(column::comparison, row));
+        const std::u16string& value = grid_.text(column::value, row);
+        if (isValueList(grid_, row))
+            record.value = automation::numberToText(grid_.comboSelection(column::value, row));
+        else if (isDateTime(*field) && grid_.cellType(column::value, row) == CellType::date)
+            record.value = conditions::dateTimeValue(value, grid_.text(column::valueTime, row));
+        else
+            record.value = value;
+        record.right = grid_.text(column::right, row);
+        record.logic = grid_.text(column::logic, row);
+        records.push_back(std::move(record));
+    }
+    return conditions::formatConditionText(records);
+}
+
+void ConditionGrid::loadConditionText(std::u16string_view text) {
+    if (support::Trim(text).empty())
+        return;
+    clearAll();
+    const auto catalogue = host_.catalogue();
+    if (!catalogue)
+        return;
+    std::unordered_map<std::u16string, std::int32_t> positions;
+    for (std::int32_t position = 1; position <= catalogue->count(); ++position) {
+        const FieldRef field = catalogue->field(position);
+        if (host_.onSelectedPage(*field))
+            positions.try_emplace(support::toUpper(field->text(fieldKey::fieldName)), position);
+    }
+    const auto records = conditions::parseConditionText(text);
+    const int lines = std::min(static_cast<int>(records.size()), grid_.maxRows());
+    for (int row = 1; row <= lines; ++row) {
+        const ConditionRecord& record = records[static_cast<std::size_t>(row - 1)];
+        const auto found = positions.find(support::toUpper(record.fieldName));
+        if (found == positions.end())
+            host_.log(u"条件行 " + automation::numberToText(row) + u" 未载入：字段 " + record.fieldName + u" 不存在");
+        else
+            loadRecord(record, found->second, row);
+    }
+}
+
+void ConditionGrid::loadRecord(const ConditionRecord& record, std::int32_t position, int row) {
+    const FieldRef field = host_.catalogue()->field(position);
+    grid_.setText(column::field, row, fieldItem(field->text(fieldKey::caption), position));
+    comboSelectionChange(column::field, row);
+    grid_.setText(column::left, row, record.left);
+    grid_.setText(column::right, row, record.right);
+    grid_.setText(column::logic, row, record.logic);
+    grid_.setComboSelection(column::comparison, row,
+                            automation::roundToInt32(automation::Val(record.comparison)));
+    comboSelectionChange(column::comparison, row);
+    if (isValueList(grid_, row)) {
+        grid_.setComboSelection(column::value, row, automation::roundToInt32(automation::Val(record.value)));
+    } else if (grid_.cellType(column::value, row) == CellType::date && isDateTime(*field)) {
+        const bool isDate = automation::isDate(record.value);
+        grid_.setText(column::value, row,
+                      isDate ? support::FormatDateText(record.value, u"MMDDYYYY") : std::u16string());
+        grid_.setText(column::valueTime, row,
+                      isDate ? support::FormatDateText(record.value, u"HHMMSS") : std::u16string());
+    } else {
+        grid_.setText(column::value, row, record.value);
+    }
+}
+
+} // namespace orv::editor
