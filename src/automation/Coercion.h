@@ -22,9 +22,10 @@ std::int16_t toInt16(const Value& value);
 std::int32_t toInt32(const Value& value);
 /// Truth of a value: any number but 0; text as "True"/"False" in any letter case, or as a number.
 bool toBoolean(const Value& value);
-/// Date of a value; text is recognised by the locale's rules.
+/// Date of a value; text is recognised by the locale's rules, as a date or else as a number of days. Error 6 outside of
+/// the years 100 to 9999.
 Date toDate(const Value& value);
-/// Object of a value; anything else, Nothing included, raises error 424 or 91 ("object not set").
+/// Object of a value; anything else, raises error 424 (object required), Nothing error 91.
 ObjectRef toObject(const Value& value);
 /// Object of a value, null for Nothing, Empty, Null and Missing; any other content raises error 13.
 ObjectRef toObjectOrNothing(const Value& value);
@@ -34,12 +35,13 @@ std::int16_t roundToInt16(double number);
 std::int32_t roundToInt32(double number);
 
 /// A double as automation writes it: up to 15 significant digits, no grouping, "." as decimal sign, exponent form
-/// ("1E+15", "1.5E-07") where the plain form would not hold 15 digits.
+/// ("1E+15", "8.33333333333333E-02") from 1E+15 on, and below 1 where the plain form needs more than 15 decimals.
 std::u16string numberToText(double number);
 
 /// `Val`: the longest leading part of a text that reads as a number. Blanks, tabs and line feeds are skipped anywhere
 /// in it, "." is the only decimal sign, exponents with E or D count, "&H" and "&O" begin hexadecimal and octal
-/// numbers (16-bit and 32-bit two's complement). A text without such a part gives 0. Never fails but by overflow (6).
+/// numbers (16-bit two's complement up to four digits' worth, else 32-bit; a closing "&" makes a short one 32-bit).
+/// Full-width digits do not count. A text without such a part gives 0. Never fails but by overflow (6).
 double Val(std::u16string_view text);
 
 /// `IsNumeric` of a text by the locale's rules (blanks around it, sign, grouping, currency sign, exponent, "&H").

@@ -2,6 +2,7 @@
 
 #include "ErrorOf.h"
 #include "automation/AutomationError.h"
+#include "automation/LocaleRules.h"
 #include "automation/Object.h"
 #include "automation/Records.h"
 #include "automation/Text.h"
@@ -128,6 +129,10 @@ TEST(Val, ReadsTheLongestLeadingNumber) {
         EXPECT_EQ(Val(c.text), c.number) << '"' << toUtf8(c.text) << '"';
     for (const char16_t* text : {u"1E400", u"-1E400", u"1E99999999999999999999", u"&H100000000"})
         EXPECT_EQ(errorOf([=] { Val(text); }), errorNumber::overflow) << '"' << toUtf8(text) << '"';
+    EXPECT_EQ(errorOf([] { Val(std::u16string(400, u'9')); }), errorNumber::overflow) << "400 digits";
+    EXPECT_EQ(Val(u"0." + std::u16string(400, u'0') + u"1"), 0) << "too small for a Double";
+    EXPECT_EQ(Val(u"0." + std::u16string(400, u'0') + u"1e5"), 0) << "too small in spite of its exponent";
+    EXPECT_EQ(Val(u"1" + std::u16string(400, u'0') + u"e-400"), 1) << "long, yet in range";
 }
 
 constexpr Decimal largest{.hi = 0xFFFFFFFF, .lo = 0xFFFFFFFFFFFFFFFF, .scale = 0, .negative = false};
@@ -157,12 +162,12 @@ TEST(Coercion, WritesEveryContentAsText) {
         {Value(Decimal{1, 0, 0, false}), u"18446744073709551616"},
         {Value(largest), u"79228162514264337593543950335"},
         {Value(smallest), u"-0.0000000000000000000000000001"},
-        {Value(Date{45327}), u"2024/2/5"},
         {wrapped(Value(u"inner")), u"inner"},
         {wrapped(wrapped(Value(5.0))), u"5"},
     };
     for (const auto& c : cases)
         EXPECT_EQ(toUtf8(toText(c.value)), toUtf8(c.text));
+    EXPECT_EQ(toText(Value(Date{45327.5})), localeRules().dateText(45327.5)) << "dates are the locale's";
 }
 
 TEST(Coercion, ReadsNumbersTruthsAndDates) {

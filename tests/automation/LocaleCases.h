@@ -58,6 +58,7 @@ inline constexpr NumberCase numberCases[] = {
     {u"( 5 )", -5},
     {u"(5", none},
     {u"5)", none},
+    {u"((5)", none},
     // exponents
     {u"1e3", 1000},
     {u"1.5E-3", 0.0015},
@@ -215,6 +216,10 @@ inline constexpr DateCase dateCases[] = {
     {u"1 2 3 4", none},
     {u"1.2.3.4", none},
     {u"1:2:3:4", none},
+    {u"1:2 3 pm", none},
+    {u"2024/2/5-13:05", none},
+    {u"5分13时", none},
+    {u"5秒", none},
     {u"1 am 2", none},
     {u"1:2 am 3 pm", none},
     {u"2024*2*5", none},
