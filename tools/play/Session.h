@@ -1,0 +1,39 @@
+#pragma once
+
+#include "control/Filter.h"
+#include "erp/host/ErpHost.h"
+#include "play/RecordingPrompts.h"
+
+#include <memory>
+#include <string>
+
+namespace orv::play {
+
+struct Scenario;
+
+/// The control of one scenario with its host and its user.
+class Session {
+  public:
+    /// Opens the host, creates the control and gives it its settings. ScenarioError when the host cannot be opened as
+    /// the scenario describes it.
+    explicit Session(const Scenario& scenario);
+
+    control::Filter& filter() noexcept { return *filter_; }
+    erp::ErpHost& host() noexcept { return *host_; }
+    RecordingPrompts& prompts() noexcept { return prompts_; }
+
+    /// The constituent control of that name ("chkPage(1)" for an element of an array); ScenarioError when there is
+    /// none.
+    ui::Control& control(const std::string& name);
+    /// The grid of that name; ScenarioError for another control.
+    ui::Spread& grid(const std::string& name);
+    /// The class type that the control serves now; ScenarioError without a data service.
+    std::int32_t classTypeId();
+
+  private:
+    std::shared_ptr<erp::ErpHost> host_;
+    RecordingPrompts prompts_;
+    std::unique_ptr<control::Filter> filter_; // goes first: host and prompts must outlive it
+};
+
+} // namespace orv::play
