@@ -25,7 +25,7 @@ bool toBoolean(const Value& value);
 /// Date of a value; text is recognised by the locale's rules, as a date or else as a number of days. Error 6 outside of
 /// the years 100 to 9999.
 Date toDate(const Value& value);
-/// Object of a value; anything else, raises error 424 (object required), Nothing error 91.
+/// Object of a value; anything else raises error 424 (object required), Nothing error 91.
 ObjectRef toObject(const Value& value);
 /// Object of a value, null for Nothing, Empty, Null and Missing; any other content raises error 13.
 ObjectRef toObjectOrNothing(const Value& value);
