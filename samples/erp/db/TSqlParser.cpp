@@ -27,6 +27,19 @@ Translation translate(std::u16string_view tsql, const Catalogue& catalogue, std:
     return TSqlParser(tokenize(tsql), catalogue, parameterTypes).statement();
 }
 
+TSqlParser::TSqlParser(std::vector<Token> tokens, const Catalogue& catalogue, std::span<const SqlType> parameterTypes)
+    : tokens_(std::move(tokens)), closing_(tokens_.size()), catalogue_(catalogue), parameterTypes_(parameterTypes) {
+    std::vector<std::size_t> open;
+    for (std::size_t i = 0; i < tokens_.size(); ++i) {
+        if (tokens_[i].isSymbol("("))
+            open.push_back(i);
+        if (tokens_[i].isSymbol(")") && !open.empty()) {
+            closing_[open.back()] = i;
+            open.pop_back();
+        }
+    }
+}
+
 Translation TSqlParser::statement() {
     Translation translation;
     if (peek().isWord("select")) {
@@ -107,14 +120,9 @@ int TSqlParser::takeWholeNumber() {
 }
 
 std::size_t TSqlParser::closingBracket(std::size_t open) const {
-    int depth = 0;
-    for (std::size_t i = open; i < tokens_.size(); ++i) {
-        if (tokens_[i].isSymbol("("))
-            ++depth;
-        if (tokens_[i].isSymbol(")") && --depth == 0)
-            return i;
-    }
-    fail(sqlError::command, "Incorrect syntax: a bracket is not closed.");
+    if (closing_[open] == 0)
+        fail(sqlError::command, "Incorrect syntax: a bracket is not closed.");
+    return closing_[open];
 }
 
 void TSqlParser::failHere() const {

@@ -26,8 +26,7 @@ struct Scope {
 
 class TSqlParser {
   public:
-    TSqlParser(std::vector<Token> tokens, const Catalogue& catalogue, std::span<const SqlType> parameterTypes)
-        : tokens_(std::move(tokens)), catalogue_(catalogue), parameterTypes_(parameterTypes) {}
+    TSqlParser(std::vector<Token> tokens, const Catalogue& catalogue, std::span<const SqlType> parameterTypes);
 
     Translation statement();
 
@@ -117,6 +116,7 @@ class TSqlParser {
     };
 
     std::vector<Token> tokens_;
+    std::vector<std::size_t> closing_; ///< of each "(" the position of its ")", 0 when it has none
     std::size_t at_ = 0;
     const Catalogue& catalogue_;
     std::span<const SqlType> parameterTypes_;
