@@ -6,7 +6,6 @@
 
 #include <CLI/CLI.hpp>
 
-#include <algorithm>
 #include <memory>
 #include <string>
 #include <vector>
@@ -33,19 +32,25 @@ int runFilterPlay(int argc, const char* const* argv, std::ostream& out, std::ost
         audience = std::make_unique<Tour>(out);
     else
         audience = std::make_unique<JsonLines>(out);
-    int status = allAsExpected;
+    bool failed = false;
+    bool unplayable = false;
+    const auto refuse = [&](const std::string& why) {
+        err << why << '\n';
+        unplayable = true;
+    };
     for (const std::string& file : files) {
         try {
-            for (const std::string& failure : play(loadScenario(file), *audience)) {
+            const Report report = play(loadScenario(file), *audience);
+            for (const std::string& failure : report.failures)
                 err << failure << '\n';
-                status = std::max<int>(status, notAsExpected);
-            }
+            failed = failed || !report.failures.empty();
+            if (!report.cannotPlay.empty())
+                refuse(report.cannotPlay);
         } catch (const ScenarioError& error) {
-            err << error.what() << '\n';
-            status = cannotPlay;
+            refuse(error.what());
         }
     }
-    return status;
+    return unplayable ? cannotPlay : failed ? notAsExpected : allAsExpected;
 }
 
 } // namespace orv::play

@@ -4,8 +4,7 @@
 
 namespace orv::play {
 
-void JsonLines::played(const Scenario&, const Step& step, const StepOutcome& outcome,
-                       const std::vector<std::string>& failures) {
+void JsonLines::played(const Step& step, const StepOutcome& outcome, const std::vector<std::string>& failures) {
     Json line = outcome.toJson(step.number);
     if (!failures.empty())
         line["failed"] = failures;

@@ -10,8 +10,7 @@ namespace orv::play {
 class JsonLines final : public Audience {
   public:
     explicit JsonLines(std::ostream& out) : out_(out) {}
-    void played(const Scenario& scenario, const Step& step, const StepOutcome& outcome,
-                const std::vector<std::string>& failures) override;
+    void played(const Step& step, const StepOutcome& outcome, const std::vector<std::string>& failures) override;
 
   private:
     std::ostream& out_;

@@ -43,8 +43,8 @@ std::vector<std::string> failuresOf(const Step& step, const StepOutcome& outcome
 
 } // namespace
 
-std::vector<std::string> play(const Scenario& scenario, Audience& audience) {
-    std::vector<std::string> all;
+Report play(const Scenario& scenario, Audience& audience) {
+    Report report;
     std::string place = scenario.name + ": ";
     try {
         Session session(scenario);
@@ -53,16 +53,17 @@ std::vector<std::string> play(const Scenario& scenario, Audience& audience) {
             place = scenario.name + ": step " + std::to_string(step.number) + ": ";
             const StepOutcome outcome = run(session, step);
             const std::vector<std::string> failures = failuresOf(step, outcome);
-            audience.played(scenario, step, outcome, failures);
+            audience.played(step, outcome, failures);
             for (const std::string& failure : failures)
-                all.push_back(place + failure);
+                report.failures.push_back(place + failure);
         }
         if (const std::size_t left = session.prompts().queued())
-            all.push_back(scenario.name + ": " + std::to_string(left) + " queued answers were never asked for");
+            report.failures.push_back(scenario.name + ": " + std::to_string(left) +
+                                      " queued answers were never asked for");
     } catch (const ScenarioError& error) {
-        throw ScenarioError(place + error.what());
+        report.cannotPlay = place + error.what();
     }
-    return all;
+    return report;
 }
 
 } // namespace orv::play

@@ -14,13 +14,19 @@ class Audience {
     virtual ~Audience() = default;
     virtual void begins(const Scenario&) {}
     /// A step is over; `failures` are sentences, none when all is as expected.
-    virtual void played(const Scenario& scenario, const Step& step, const StepOutcome& outcome,
-                        const std::vector<std::string>& failures) = 0;
+    virtual void played(const Step& step, const StepOutcome& outcome, const std::vector<std::string>& failures) = 0;
 };
 
-/// Plays a scenario to its end and returns all failures, each as a sentence that names scenario and step: expectations
-/// that do not hold, errors and refusals that no expectation names, and answers or faults that nothing asked for.
-/// ScenarioError, with the step's number, for a step that cannot be played.
-std::vector<std::string> play(const Scenario& scenario, Audience& audience);
+/// How a scenario went.
+struct Report {
+    /// What was not as expected, each a sentence that names scenario and step: expectations that do not hold, errors
+    /// and refusals that no expectation names, and answers that nothing asked for.
+    std::vector<std::string> failures;
+    /// Why the scenario could not be played to its end, with the step; empty when it could.
+    std::string cannotPlay;
+};
+
+/// Plays a scenario: all steps, whatever fails, up to one that cannot be played as it is written.
+Report play(const Scenario& scenario, Audience& audience);
 
 } // namespace orv::play

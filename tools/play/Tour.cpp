@@ -104,8 +104,7 @@ void Tour::begins(const Scenario& scenario) {
     }
 }
 
-void Tour::played(const Scenario&, const Step& step, const StepOutcome& outcome,
-                  const std::vector<std::string>& failures) {
+void Tour::played(const Step& step, const StepOutcome& outcome, const std::vector<std::string>& failures) {
     // Steps that are not worth a note only prepare what follows; but trouble is always told.
     if (step.note.empty() && failures.empty())
         return;

@@ -12,8 +12,7 @@ class Tour final : public Audience {
   public:
     explicit Tour(std::ostream& out) : out_(out) {}
     void begins(const Scenario& scenario) override;
-    void played(const Scenario& scenario, const Step& step, const StepOutcome& outcome,
-                const std::vector<std::string>& failures) override;
+    void played(const Step& step, const StepOutcome& outcome, const std::vector<std::string>& failures) override;
 
   private:
     std::ostream& out_;
