@@ -1,0 +1,103 @@
+#pragma once
+
+#include <windows.h>
+
+#include <oleauto.h>
+
+#include <new>
+#include <string>
+#include <string_view>
+#include <utility>
+
+// Owners of automation texts and variants, and the one place where UTF-16 texts meet the platform's wchar_t.
+namespace orv::windows {
+
+static_assert(sizeof(wchar_t) == sizeof(char16_t));
+
+inline const wchar_t* asWide(const char16_t* text) noexcept {
+    return reinterpret_cast<const wchar_t*>(text);
+}
+inline const wchar_t* asWide(const std::u16string& text) noexcept {
+    return asWide(text.c_str());
+}
+inline const char16_t* asUtf16(const wchar_t* text) noexcept {
+    return reinterpret_cast<const char16_t*>(text);
+}
+
+/// The text of a BSTR by its length, embedded NULs included; a null BSTR is the empty text.
+inline std::u16string_view viewOf(BSTR text) noexcept {
+    return text ? std::u16string_view(asUtf16(text), SysStringLen(text)) : std::u16string_view();
+}
+
+/// An owned BSTR.
+class UniqueBstr {
+  public:
+    UniqueBstr() noexcept = default;
+    /// A copy of a text; raises std::bad_alloc.
+    explicit UniqueBstr(std::u16string_view text)
+        : text_(SysAllocStringLen(asWide(text.data()), static_cast<UINT>(text.size()))) {
+        if (!text_)
+            throw std::bad_alloc();
+    }
+    UniqueBstr(UniqueBstr&& other) noexcept : text_(other.release()) {}
+    UniqueBstr& operator=(UniqueBstr&& other) noexcept {
+        std::swap(text_, other.text_);
+        return *this;
+    }
+    ~UniqueBstr() { SysFreeString(text_); }
+
+    static UniqueBstr attach(BSTR owned) noexcept {
+        UniqueBstr taken;
+        taken.text_ = owned;
+        return taken;
+    }
+
+    BSTR get() const noexcept { return text_; }
+    std::u16string_view view() const noexcept { return viewOf(text_); }
+    /// Where a call may put a new text; what was held is freed first.
+    BSTR* put() noexcept {
+        SysFreeString(std::exchange(text_, nullptr));
+        return &text_;
+    }
+    [[nodiscard]] BSTR release() noexcept { return std::exchange(text_, nullptr); }
+
+  private:
+    BSTR text_ = nullptr;
+};
+
+/// An owned VARIANT, empty at first.
+class UniqueVariant {
+  public:
+    UniqueVariant() noexcept { VariantInit(&variant_); }
+    UniqueVariant(UniqueVariant&& other) noexcept : variant_(other.release()) {}
+    UniqueVariant& operator=(UniqueVariant&& other) noexcept {
+        std::swap(variant_, other.variant_);
+        return *this;
+    }
+    ~UniqueVariant() { VariantClear(&variant_); }
+
+    static UniqueVariant attach(const VARIANT& owned) noexcept {
+        UniqueVariant taken;
+        taken.variant_ = owned;
+        return taken;
+    }
+
+    const VARIANT& get() const noexcept { return variant_; }
+    VARIANT& ref() noexcept { return variant_; }
+    VARTYPE type() const noexcept { return V_VT(&variant_); }
+    /// Where a call may put a new value; what was held is cleared first.
+    VARIANT* put() noexcept {
+        VariantClear(&variant_);
+        return &variant_;
+    }
+    [[nodiscard]] VARIANT release() noexcept {
+        const VARIANT given = variant_;
+        VariantInit(&variant_);
+        return given;
+    }
+
+  private:
+    VARIANT variant_;
+};
+
+} // namespace orv::windows

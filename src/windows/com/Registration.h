@@ -1,0 +1,54 @@
+#pragma once
+
+#include <windows.h>
+
+#include <cstdint>
+#include <span>
+#include <string>
+#include <string_view>
+#include <vector>
+
+// Self-registration: what a DLL writes below Software\Classes, for the machine or for the user.
+namespace orv::windows {
+
+enum class RegistrationScope { machine, user };
+
+struct ClassRegistration {
+    CLSID id{};
+    std::u16string description;
+    std::u16string progId;  ///< without a version
+    int version = 1;        ///< the number at the end of the versioned ProgID
+    bool isControl = false; ///< listed among the ActiveX controls
+};
+
+/// An interface that standard marshalling reads from the type library.
+struct InterfaceRegistration {
+    IID id;
+    std::u16string_view name;
+    bool isDispinterface;
+};
+
+struct TypeLibraryRegistration {
+    GUID id;
+    std::u16string_view description;
+    int major;
+    int minor;
+    LCID locale;
+    std::span<const InterfaceRegistration> interfaces;
+};
+
+/// Everything that one DLL registers.
+struct Registration {
+    std::vector<ClassRegistration> classes;
+    const TypeLibraryRegistration* typeLibrary = nullptr; ///< null for none
+    std::u16string path;                                  ///< of the DLL
+};
+
+/// Writes all entries; on a failure those written until then are removed again.
+HRESULT registerServer(const Registration& registration, RegistrationScope scope) noexcept;
+
+/// Removes all entries. Absent ones are no failure. Of the type library's those of another bitness stay, with what both
+/// share.
+HRESULT unregisterServer(const Registration& registration, RegistrationScope scope) noexcept;
+
+} // namespace orv::windows
