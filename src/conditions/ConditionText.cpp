@@ -12,8 +12,8 @@ constexpr std::u16string_view recordEnd = u"||";
 std::u16string formatConditionText(const std::vector<ConditionRecord>& records) {
     std::u16string text;
     for (const ConditionRecord& record : records) {
-        for (const std::u16string* item : {&record.left, &record.fieldName, &record.comparison, &record.value,
-                                           &record.right, &record.logic}) {
+        for (const std::u16string* item :
+             {&record.left, &record.fieldName, &record.comparison, &record.value, &record.right, &record.logic}) {
             text += *item;
             text += itemEnd;
         }

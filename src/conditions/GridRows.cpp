@@ -21,7 +21,8 @@ std::u16string cellValue(const Spread& grid, int line) {
     switch (grid.cellType(gridColumn::value, line)) {
     case CellType::wholeNumber:
     case CellType::decimal:
-        return automation::numberToText(grid.number(gridColumn::value, line));
+        // An untouched cell holds no number: it must be refused, not compared with 0.
+        return text.empty() ? text : automation::numberToText(grid.number(gridColumn::value, line));
     case CellType::date:
         if (grid.cellType(gridColumn::valueTime, line) == CellType::time)
             return dateTimeValue(text, grid.text(gridColumn::valueTime, line));

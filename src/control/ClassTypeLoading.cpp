@@ -2,6 +2,8 @@
 
 #include "automation/Coercion.h"
 #include "control/ClassTypeReload.h"
+#include "control/FlagScope.h"
+#include "control/PageBoxes.h"
 
 namespace orv::control {
 
@@ -14,6 +16,12 @@ namespace {
 
 /// Tag of the class-type combo box before anything is loaded.
 constexpr const char16_t* nothingLoaded = u"-1";
+
+/// The built-in default scheme, under any of its names, is not applied when a class type is loaded.
+void applySelectedScheme(FilterState& state) {
+    if (state.schemeManager.isUserSchemeSelected())
+        state.schemeManager.applySelected();
+}
 
 void loadSingleClassType(FilterState& state) {
     ui::ComboBox& box = state.controls->cboClassType;
@@ -50,20 +58,10 @@ void loadClassTypeList(FilterState& state, std::u16string_view classTypeIds, std
     box.setListIndex(line);
 }
 
-/// Pages of small class types are not the user's to choose.
-void fixPageBoxes(FilterControls& controls) {
-    if (controls.chkPage.count() == 2) {
-        controls.chkPage(1).setValue(ui::CheckState::checked);
-        controls.chkPage(1).setEnabled(false);
-    } else if (controls.chkPage.count() == 3) {
-        controls.chkPage(1).setEnabled(false);
-        controls.chkPage(2).setEnabled(false);
-    }
-}
-
 } // namespace
 
 void loadClassTypes(FilterState& state, std::u16string_view classTypeIds) {
+    const FlagScope initializing(state.initializing);
     if (!state.settings)
         state.settings = automation::newRecord(state.factory);
     state.showScheme = automation::toBoolean(state.setting(u"ShowScheme", state.showScheme));
@@ -74,7 +72,8 @@ void loadClassTypes(FilterState& state, std::u16string_view classTypeIds) {
         loadSingleClassType(state);
     else
         loadClassTypeList(state, classTypeIds, currentId);
-    fixPageBoxes(*state.controls);
+    fixPageBoxes(state);
+    applySelectedScheme(state);
     state.controls->vsFilter.setActiveCell(1, 1);
 }
 
@@ -88,6 +87,8 @@ void classTypeChosen(FilterState& state) {
     automation::let(service, u"ClassTypeID", list.record(selected + 1).get(u"FID"));
     box.setTag(automation::numberToText(selected));
     state.takeDataService(service);
+    if (!state.initializing)
+        state.selectedPages.clear(); // chosen for the class type before
 
     FilterControls& controls = *state.controls;
     for (int i = 1; i <= controls.lblFilter.upperBound(); ++i)
@@ -97,6 +98,11 @@ void classTypeChosen(FilterState& state) {
         state.conditionGrid.comboSelectionChange(editor::column::field, row);
     }
     reloadClassType(state);
+    // Initialize fixes the page boxes and applies the scheme itself when it is done.
+    if (!state.initializing) {
+        fixPageBoxes(state);
+        applySelectedScheme(state);
+    }
 }
 
 } // namespace orv::control

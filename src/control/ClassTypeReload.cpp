@@ -2,6 +2,8 @@
 
 #include "automation/Coercion.h"
 #include "conditions/QuickFilters.h"
+#include "control/LayOut.h"
+#include "control/PageBoxes.h"
 #include "metadata/PageSelection.h"
 #include "support/PaddedItem.h"
 
@@ -17,27 +19,6 @@ namespace {
 
 /// The page selection of a class type for which nothing else was chosen: header and first entry page.
 constexpr const char16_t* usualPages = u",1*,2,";
-
-/// `FEntryType` of pages of which at most one takes part.
-constexpr std::int32_t exclusivePageType = 1;
-
-void rebuildPageBoxes(FilterState& state) {
-    const Collection pages = state.classTypeEntries;
-    const std::int32_t count = pages ? pages.count() : 0;
-    auto& boxes = state.controls->chkPage;
-    boxes.resize(0);
-    for (std::int32_t page = 1; page <= count; ++page) {
-        const Value name = pages.record(page).getValue(u"FName", Value());
-        std::u16string caption = name.isEmpty() || name.isNull() ? std::u16string() : automation::toText(name);
-        if (caption.empty())
-            caption = u"页面" + automation::numberToText(page);
-        boxes.load().setCaption(std::move(caption));
-    }
-    if (count > 0)
-        boxes(0).setValue(ui::CheckState::checked);
-    if (state.selectedPages.empty())
-        state.selectedPages = usualPages;
-}
 
 /// A field whose entry in the hidden-condition map has a `HideType` other than 0 is not offered.
 bool isHidden(const FilterState& state, const std::u16string& key) {
@@ -78,36 +59,11 @@ void rebuildFilterPanel(FilterState& state) {
     }
 }
 
-void showOptionBoxes(FilterState& state) {
-    FilterControls& controls = *state.controls;
-    const bool shown = hasQuickFilterBoxes(state.classTypeId(), controls.cboClassType.text());
-    for (ui::Control* control :
-         {static_cast<ui::Control*>(&controls.lblTime), static_cast<ui::Control*>(&controls.cboTime),
-          static_cast<ui::Control*>(&controls.lblCheck), static_cast<ui::Control*>(&controls.cboCheck),
-          static_cast<ui::Control*>(&controls.lblPost), static_cast<ui::Control*>(&controls.cboPost)})
-        control->setVisible(shown);
-}
-
 } // namespace
 
 bool hasQuickFilterBoxes(std::int32_t classTypeId, std::u16string_view classTypeText) {
     const bool without = classTypeId >= 2000001 && classTypeId <= 2000004;
     return !without && !conditions::quickFilterTable(classTypeText).empty();
-}
-
-std::u16string enabledPages(FilterState& state) {
-    const Collection pages = state.classTypeEntries;
-    std::u16string list = u",";
-    const auto& boxes = state.controls->chkPage;
-    for (int i = 0; i < boxes.count() && pages; ++i) {
-        const Value type = pages.record(i + 1).getValue(u"FEntryType", std::int32_t{0});
-        const bool exclusive = !type.isNull() && automation::toInt32(type) == exclusivePageType;
-        if (i < boxes.count() && (boxes(i).isChecked() || !exclusive)) {
-            list += automation::numberToText(i + 1);
-            list += u',';
-        }
-    }
-    return list;
 }
 
 void fillFieldLists(FilterState& state) {
@@ -141,11 +97,15 @@ void initHideColumns(FilterState& state) {
 
 void reloadClassType(FilterState& state) {
     rebuildPageBoxes(state);
+    // The host's choice of pages counts for the class type that it was made for.
+    selectPages(state, state.selectedPages.empty() ? usualPages : state.selectedPages);
     fillFieldLists(state);
     state.sortGrid.clearAll();
     initHideColumns(state);
     rebuildFilterPanel(state);
-    showOptionBoxes(state);
+    state.optionBoxes = hasQuickFilterBoxes(state.classTypeId(), state.controls->cboClassType.text());
+    state.schemeManager.fillList();
+    layOutControls(state);
 }
 
 } // namespace orv::control

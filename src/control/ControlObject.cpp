@@ -62,13 +62,12 @@ const std::array properties{
 
 class ControlObject final : public automation::Object {
   public:
-    ControlObject(std::shared_ptr<FilterControls> controls, std::u16string fullName, std::u16string_view type)
-        : controls_(std::move(controls)), fullName_(std::move(fullName)), type_(type) {}
+    ControlObject(std::function<ui::Control*()> find, std::u16string_view type) : find_(std::move(find)), type_(type) {}
 
     std::u16string_view typeName() const override { return type_; }
 
     Value invoke(std::u16string_view member, InvokeKind kind, Arguments arguments) override {
-        ui::Control* control = controls_->find(fullName_);
+        ui::Control* control = find_();
         if (control == nullptr)
             throw AutomationError::runtime(errorNumber::objectNotSet);
         for (const Property& property : properties) {
@@ -88,15 +87,14 @@ class ControlObject final : public automation::Object {
     }
 
   private:
-    std::shared_ptr<FilterControls> controls_;
-    std::u16string fullName_;
+    std::function<ui::Control*()> find_;
     std::u16string_view type_; // a literal of the control's class
 };
 
 } // namespace
 
-automation::ObjectRef makeControlObject(std::shared_ptr<FilterControls> controls, const ui::Control& control) {
-    return std::make_shared<ControlObject>(std::move(controls), control.fullName(), control.typeName());
+automation::ObjectRef makeControlObject(std::function<ui::Control*()> find, std::u16string_view typeName) {
+    return std::make_shared<ControlObject>(std::move(find), typeName);
 }
 
 } // namespace orv::control

@@ -1,8 +1,10 @@
 #include "control/Creation.h"
 
 #include "automation/AutomationError.h"
-#include "control/ClassTypeLoading.h"
 #include "control/ControlObject.h"
+#include "control/Events.h"
+#include "control/LayOut.h"
+#include "control/LocalizeControls.h"
 
 namespace orv::control {
 
@@ -20,7 +22,9 @@ void setFonts(FilterState& state) {
     try {
         const ObjectRef loader = state.factory.create(u"ORVFrmRes.FrmResLoader");
         const auto setFont = [&](const ui::Control& control) {
-            Value reference(makeControlObject(state.controls, control));
+            Value reference(makeControlObject(
+                [controls = state.controls, name = control.fullName()] { return controls->find(name); },
+                control.typeName()));
             automation::call(loader, u"SetCtlFont", Argument::byReference(reference));
         };
         setFont(controls.lblClassType);
@@ -57,18 +61,13 @@ void create(FilterState& state) {
     state.conditionGrid.layOut();
     state.sortGrid.layOut();
     state.columnGrid.layOut();
+    localizeControls(state);
     reassignToolTips(controls.tlbProject);
     controls.vsFilter.setText(editor::column::left, 0, u"(");
     controls.vsFilter.setText(editor::column::right, 0, u")");
 
-    state.onClassTypeClick = controls.cboClassType.click.subscribe([&state] {
-        try {
-            classTypeChosen(state);
-        } catch (const AutomationError& error) {
-            // No message: the list keeps what was loaded; the host's diagnostics learn why.
-            state.log(error.description());
-        }
-    });
+    wireEvents(state);
+    layOutControls(state);
 }
 
 } // namespace orv::control

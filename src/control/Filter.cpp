@@ -5,8 +5,11 @@
 #include "control/ClassTypeLoading.h"
 #include "control/ClassTypeReload.h"
 #include "control/Creation.h"
+#include "control/Events.h"
 #include "control/FilterResults.h"
 #include "control/FilterState.h"
+#include "control/LayOut.h"
+#include "control/PageBoxes.h"
 #include "editor/BaseDataSql.h"
 #include "editor/DateServices.h"
 #include "metadata/HeaderBuild.h"
@@ -30,6 +33,15 @@ Filter::~Filter() = default;
 
 FilterControls& Filter::controls() {
     return *state_->controls;
+}
+
+void Filter::resize(int widthPx, int heightPx, double scale) {
+    state_->size = {widthPx, heightPx, scale};
+    layOutControls(*state_);
+}
+
+void Filter::setSelfObject(std::function<automation::ObjectRef()> self) {
+    state_->selfObject = std::move(self);
 }
 
 bool Filter::get_m_JCType() const {
@@ -91,6 +103,7 @@ void Filter::put_ShowFilterStyle(std::int32_t value) {
     if (style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_Filter ||
         style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_FilterANDSort)
         removeTab(u"HideSet");
+    layOutControls(*state_);
 }
 
 void Filter::put_DataSrv(ObjectRef value) {
@@ -129,29 +142,30 @@ bool Filter::GetFilterSql(std::u16string& strFilter, bool bRaiseErr) {
 }
 
 Dictionary Filter::get_dctProFile() {
-    Dictionary record = automation::newRecord(state_->factory);
-    record.set(u"FSchemeID", std::int32_t{0});
-    record.set(u"FSchemeName", u"");
-    record.set(u"FTranType", state_->classTypeId());
-    record.set(u"FSysName", u"");
-    record.set(u"FStatus", std::int32_t{0});
-    record.set(u"FIsShare", std::int32_t{0});
-    return record;
+    return state_->schemeManager.headerRecord();
 }
 
 Dictionary Filter::get_dctProFileEntry() {
-    return automation::newRecord(state_->factory);
+    return state_->schemeManager.entryRecord();
 }
 
 bool Filter::SaveLastUseScheme() {
-    return false;
+    return state_->schemeManager.saveLastUsed();
 }
 
-bool Filter::RefreshProfile(Dictionary) {
-    return false;
+bool Filter::RefreshProfile(Dictionary odctProfileEntry) {
+    try {
+        state_->schemeManager.applyEntry(odctProfileEntry);
+        return true;
+    } catch (const AutomationError& error) {
+        state_->log(error.description());
+        return false;
+    }
 }
 
 Value Filter::SaveScheme() {
+    if (state_->showScheme)
+        saveScheme(*state_, schemes::SaveMode::silent, 1);
     return {};
 }
 

@@ -7,6 +7,7 @@
 #include "ui/Prompts.h"
 
 #include <cstdint>
+#include <functional>
 #include <memory>
 #include <string>
 #include <string_view>
@@ -76,6 +77,10 @@ class Filter {
 
     /// The constituent controls, for views, tests and tools.
     FilterControls& controls();
+    /// The size of the control in pixels at a scale of 96 dots an inch times `scale`; lays everything out again.
+    void resize(int widthPx, int heightPx, double scale = 1.0);
+    /// How the control is reached as an automation object; a shell sets it for host components that want it.
+    void setSelfObject(std::function<automation::ObjectRef()> self);
 
   private:
     std::unique_ptr<FilterState> state_;

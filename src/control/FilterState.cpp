@@ -1,7 +1,11 @@
 #include "control/FilterState.h"
 
 #include "automation/Coercion.h"
+#include "control/LocalizeControls.h"
+#include "control/SchemeEntry.h"
 #include "metadata/PageSelection.h"
+#include "support/PaddedItem.h"
+#include "support/PropsString.h"
 
 namespace orv::control {
 
@@ -14,7 +18,9 @@ FilterState::FilterState(Filter& filter, automation::ObjectFactory& componentFac
     : owner(filter), factory(componentFactory), prompts(userPrompts), userProperties(componentFactory),
       localisation(componentFactory, [this] { return userProperties.text(); }),
       conditionGrid(controls->vsFilter, *this), sortGrid(controls->vsOrder),
-      columnGrid(controls->vsHideColumn, [this](std::u16string_view text) { messages().warn(text); }) {}
+      columnGrid(controls->vsHideColumn, [this](std::u16string_view text) { messages().warn(text); }),
+      accountCheck(controls->vsFilter, conditionGrid, componentFactory, *this),
+      valueLookUp(controls->vsFilter, conditionGrid, *this), schemeManager(controls->lvwProject, *this) {}
 
 std::shared_ptr<metadata::FieldCatalogue> FilterState::catalogue() {
     if (!catalogue_)
@@ -59,6 +65,51 @@ Value FilterState::setting(std::u16string_view key, Value fallback) const {
     return current ? current.getValue(key, std::move(fallback)) : fallback;
 }
 
+std::int32_t FilterState::dataServiceClassTypeId() {
+    const ObjectRef service = dataService;
+    return service ? automation::toInt32(automation::get(service, u"ClassTypeID")) : 0;
+}
+
+ObjectRef FilterState::controlObject() {
+    return selfObject ? selfObject() : nullptr;
+}
+
+std::u16string FilterState::itemNaming() {
+    const support::PropsString props(userProperties.text());
+    const std::u16string_view naming = props.value(u"ItemNaming");
+    return std::u16string(naming.empty() ? u"物料" : naming);
+}
+
+std::optional<std::u16string> FilterState::conditionValue(std::u16string_view fieldKey) {
+    const auto rows = conditionGrid.rows();
+    for (std::size_t i = 0; i < rows->size(); ++i) {
+        if (!fieldKey.empty() && (*rows)[i].FFieldKey == fieldKey) {
+            const std::u16string& text = controls->vsFilter.text(editor::column::value, static_cast<int>(i) + 1);
+            const std::u16string_view key = support::SplitLookupText(text, true);
+            return std::u16string(key.empty() ? std::u16string_view(text) : key);
+        }
+    }
+    return std::nullopt;
+}
+
+void FilterState::captureEntry(const Dictionary& entry) {
+    captureSchemeEntry(*this, entry);
+}
+
+void FilterState::applyEntry(const Dictionary& entry) {
+    applySchemeEntry(*this, entry);
+}
+
+void FilterState::clearGrids() {
+    conditionGrid.clearAll();
+    sortGrid.clearAll();
+}
+
+void FilterState::showDialog(schemes::SaveSchemeForm& form) {
+    localizeControls(*this, form.controls());
+    prompts.showModal(form);
+}
+
 void FilterState::provideKeyMaps() {
     if (!allKeys)
         allKeys = automation::newRecord(factory);
@@ -97,6 +148,8 @@ void FilterState::releaseObjects() {
     const auto oldComparisons = std::exchange(comparisons_, nullptr);
     const auto oldRows = conditionGrid.rows();
     conditionGrid.forgetRows();
+    accountCheck.release();
+    schemeManager.release();
 }
 
 } // namespace orv::control

@@ -2,10 +2,14 @@
 
 #include "conditions/FilterSql.h"
 #include "control/Filter.h"
+#include "control/Geometry.h"
 #include "control/UserProperties.h"
+#include "editor/AccountCheck.h"
 #include "editor/Comparisons.h"
 #include "editor/ConditionGrid.h"
+#include "editor/ValueLookUp.h"
 #include "metadata/FieldCatalogue.h"
+#include "schemes/SchemeManager.h"
 #include "sortcols/ColumnGrid.h"
 #include "sortcols/SortGrid.h"
 #include "support/Localisation.h"
@@ -13,7 +17,10 @@
 namespace orv::control {
 
 /// What one control instance keeps, and what its parts ask of it.
-struct FilterState final : editor::ConditionGridHost {
+struct FilterState final : editor::ConditionGridHost,
+                           editor::AccountCheckHost,
+                           editor::LookUpHost,
+                           schemes::SchemeHost {
     FilterState(Filter& filter, automation::ObjectFactory& componentFactory, ui::Prompts& userPrompts);
 
     // What the condition grid asks.
@@ -22,11 +29,29 @@ struct FilterState final : editor::ConditionGridHost {
     bool onSelectedPage(const metadata::FieldRecord& field) override;
     editor::ValueListSource valueListSource() override;
     editor::DecimalPlaces decimalPlaces() override;
-    ui::Messages& messages() override { return messages_; }
+    ui::Messages& messages() override { return messageBoxes; }
     void log(std::u16string_view text) override;
 
+    // What the account check and the look-ups ask.
+    std::int32_t dataServiceClassTypeId() override;
+    std::u16string propsString() override { return userProperties.text(); }
+    automation::ObjectFactory& components() override { return factory; }
+    const support::Localisation& texts() override { return localisation; }
+    automation::ObjectRef currentDataService() override { return dataService; }
+    automation::Dictionary currentTableInfo() override { return tableInfo; }
+    automation::ObjectRef controlObject() override;
+    std::u16string itemNaming() override;
+    std::optional<std::u16string> conditionValue(std::u16string_view fieldKey) override;
+
+    // What scheme management asks.
+    bool schemesInUse() override { return showScheme; }
+    void captureEntry(const automation::Dictionary& entry) override;
+    void applyEntry(const automation::Dictionary& entry) override;
+    void clearGrids() override;
+    void showDialog(schemes::SaveSchemeForm& form) override;
+
     /// The "FID" of the current class type record; 0 without one.
-    std::int32_t classTypeId();
+    std::int32_t classTypeId() override;
     /// An entry of the control settings; `fallback` without settings or entry.
     automation::Value setting(std::u16string_view key, automation::Value fallback) const;
     /// The two key maps, made on first use.
@@ -42,10 +67,14 @@ struct FilterState final : editor::ConditionGridHost {
     ui::Prompts& prompts;
     UserProperties userProperties;
     support::Localisation localisation;
+    ui::Messages messageBoxes{prompts, localisation};
     std::shared_ptr<FilterControls> controls = std::make_shared<FilterControls>();
     editor::ConditionGrid conditionGrid;
     sortcols::SortGrid sortGrid;
     sortcols::ColumnGrid columnGrid;
+    editor::AccountCheck accountCheck;
+    editor::ValueLookUp valueLookUp;
+    schemes::SchemeManager schemeManager;
 
     bool m_JCType = false;
     bool showScheme = false;
@@ -64,11 +93,21 @@ struct FilterState final : editor::ConditionGridHost {
     std::u16string selectedPages;
     std::u16string errorContext;
 
-    ui::Subscription onClassTypeClick;
-    ui::Subscription onTabClick;
+    ControlSize size;
+    bool optionBoxes = false; ///< the class type has quick filters
+    /// Set while a page box's click is handled, and while a class type or a scheme is being loaded: box changes made
+    /// by code then change nothing else.
+    bool handlingPageClick = false;
+    bool loadingPages = false;
+    bool initializing = false;
+
+    /// Gives the control itself as an automation object; set by the shell.
+    std::function<automation::ObjectRef()> selfObject;
+    std::vector<ui::Subscription> subscriptions;
+    /// Those of the page boxes, which come and go with the class type.
+    std::vector<ui::Subscription> pageSubscriptions;
 
   private:
-    ui::Messages messages_{prompts, localisation};
     std::shared_ptr<metadata::FieldCatalogue> catalogue_;
     std::shared_ptr<editor::Comparisons> comparisons_;
 };

@@ -88,8 +88,7 @@ void ConditionGrid::loadRecord(const ConditionRecord& record, std::int32_t posit
     grid_.setText(column::left, row, record.left);
     grid_.setText(column::right, row, record.right);
     grid_.setText(column::logic, row, record.logic);
-    grid_.setComboSelection(column::comparison, row,
-                            automation::roundToInt32(automation::Val(record.comparison)));
+    grid_.setComboSelection(column::comparison, row, automation::roundToInt32(automation::Val(record.comparison)));
     comboSelectionChange(column::comparison, row);
     if (isValueList(grid_, row)) {
         grid_.setComboSelection(column::value, row, automation::roundToInt32(automation::Val(record.value)));

@@ -1,8 +1,12 @@
 #include "sortcols/ColumnGrid.h"
 
 #include "automation/Coercion.h"
+#include "support/PairList.h"
 #include "support/Pieces.h"
 
+#include <algorithm>
+#include <array>
+#include <cmath>
 #include <unordered_map>
 
 namespace orv::sortcols {
@@ -22,6 +26,15 @@ CellFormat formatOf(CellType type) {
     format.type = type;
     format.centred = type == CellType::checkBox;
     return format;
+}
+
+/// The container's scale: 1440 twips an inch, 25.4 millimetres an inch.
+constexpr double twipsPerMillimetre = 1440.0 / 25.4;
+
+/// Millimetres as the width cells show them: two decimal places.
+std::u16string widthText(double millimetres) {
+    const double hundredths = std::nearbyint(millimetres * 100);
+    return automation::numberToText(hundredths / 100);
 }
 
 /// What the access table says of masks; each mask is asked once.
@@ -132,6 +145,51 @@ void ColumnGrid::move(int step) {
 void ColumnGrid::setAllShown(bool shown) {
     for (int row = 1; row <= grid_.maxRows(); ++row)
         grid_.setChecked(shownColumn, row, shown);
+}
+
+ColumnLists ColumnGrid::lists() const {
+    ColumnLists lists;
+    for (int row = 1; row <= grid_.maxRows(); ++row) {
+        const std::u16string& key = grid_.text(keyColumn, row);
+        support::appendPair(lists.ColWidth, key,
+                            automation::roundToInt32(grid_.number(widthColumn, row) * twipsPerMillimetre));
+        support::appendPair(lists.ColHide, key, grid_.text(shownColumn, row));
+        support::appendPair(lists.ColIndex, key, row);
+    }
+    return lists;
+}
+
+void ColumnGrid::applyLists(const ColumnLists& lists) {
+    struct Row {
+        double savedPosition = 0;
+        bool saved = false;
+        int row = 0;
+    };
+    std::vector<Row> order;
+    for (int row = 1; row <= grid_.maxRows(); ++row) {
+        const std::u16string key = grid_.text(keyColumn, row);
+        const std::u16string_view position = support::lookupPair(lists.ColIndex, key);
+        order.push_back({automation::Val(position), !position.empty(), row});
+        if (const std::u16string_view shown = support::lookupPair(lists.ColHide, key); !shown.empty())
+            grid_.setText(shownColumn, row, automation::Val(shown) != 0 ? u"1" : u"0");
+        if (const std::u16string_view twips = support::lookupPair(lists.ColWidth, key); !twips.empty())
+            grid_.setText(widthColumn, row, widthText(automation::Val(twips) / twipsPerMillimetre));
+    }
+    std::ranges::stable_sort(order, [](const Row& a, const Row& b) {
+        return a.saved != b.saved ? a.saved : a.saved && a.savedPosition < b.savedPosition;
+    });
+    reorder([&order](std::size_t i) { return order[i].row; });
+}
+
+void ColumnGrid::reorder(const std::function<int(std::size_t)>& oldRow) {
+    const auto rows = static_cast<std::size_t>(grid_.maxRows());
+    std::vector<std::array<std::u16string, columnCount>> texts(rows);
+    for (std::size_t i = 0; i < rows; ++i)
+        for (int column = 1; column <= columnCount; ++column)
+            texts[i][static_cast<std::size_t>(column - 1)] = grid_.text(column, oldRow(i));
+    for (std::size_t i = 0; i < rows; ++i)
+        for (int column = 1; column <= columnCount; ++column)
+            grid_.setText(column, static_cast<int>(i) + 1, std::move(texts[i][static_cast<std::size_t>(column - 1)]));
 }
 
 std::vector<metadata::ColumnSetting> ColumnGrid::settings() const {

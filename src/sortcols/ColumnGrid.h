@@ -8,10 +8,19 @@
 #include "ui/Spread.h"
 
 #include <functional>
+#include <string>
 #include <string_view>
 #include <vector>
 
 namespace orv::sortcols {
+
+/// The column settings as a scheme keeps them: pair lists by field key.
+struct ColumnLists {
+    std::u16string ColWidth; ///< width in twips
+    std::u16string ColHide;  ///< text of the shown cell
+    std::u16string ColIndex; ///< row number
+    friend bool operator==(const ColumnLists&, const ColumnLists&) = default;
+};
 
 /// The column display grid `vsHideColumn`: a row per field that the list may show, with the shown flag and the width
 /// in millimetres; the rows' order is the columns' order.
@@ -44,10 +53,17 @@ class ColumnGrid {
     /// The current row; 0 without one.
     int currentRow() const noexcept { return currentRow_; }
 
+    ColumnLists lists() const;
+    /// Lays saved lists on the filled grid: rows in the order of their saved position, those that the lists do not
+    /// know last, with their defaults. Keys that the grid does not hold are ignored.
+    void applyLists(const ColumnLists& lists);
+
     /// The rows as the header build reads them.
     std::vector<metadata::ColumnSetting> settings() const;
 
   private:
+    /// Rewrites the rows' texts so that row i + 1 holds what row `oldRow(i)` held.
+    void reorder(const std::function<int(std::size_t)>& oldRow);
     void move(int step);
     void checkWidth(int row, bool& cancel);
 

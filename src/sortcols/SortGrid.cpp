@@ -1,8 +1,12 @@
 #include "sortcols/SortGrid.h"
 
+#include "automation/Coercion.h"
 #include "support/Letters.h"
 #include "support/PaddedItem.h"
+#include "support/PairList.h"
+#include "support/Pieces.h"
 
+#include <algorithm>
 #include <unordered_set>
 
 namespace orv::sortcols {
@@ -119,6 +123,43 @@ void SortGrid::clearAll() {
         grid_.setText(fieldColumn, row, u"");
         fieldChanged(row);
     }
+}
+
+std::u16string SortGrid::orderBy() const {
+    std::u16string list;
+    for (int row = 1; row <= grid_.maxRows(); ++row) {
+        if (const std::u16string key = fieldKey(row); !key.empty())
+            support::appendPair(list, key, grid_.text(ascendingColumn, row));
+    }
+    return list;
+}
+
+std::vector<std::u16string> SortGrid::loadOrderBy(std::u16string_view orderBy) {
+    std::vector<std::u16string> notOffered;
+    clearAll();
+    int row = 1;
+    support::PieceReader pairs(orderBy, support::schemeSeparator);
+    for (std::u16string_view pair; pairs.next(pair) && row <= grid_.maxRows();) {
+        const std::u16string_view key = pair.substr(0, pair.find(u'='));
+        if (key.empty())
+            continue;
+        const auto& items = grid_.comboItems(fieldColumn, row);
+        const auto item = std::ranges::find_if(items, [key](std::u16string_view text) {
+            return text.size() > support::captionWidth && support::Trim(text.substr(support::captionWidth)) == key;
+        });
+        if (item == items.end()) {
+            notOffered.emplace_back(key);
+            continue;
+        }
+        grid_.setComboSelection(fieldColumn, row, static_cast<int>(item - items.begin()));
+        fieldChanged(row);
+        if (fieldKey(row).empty())
+            continue; // the field stands in an earlier row already
+        const bool ascending = automation::Val(support::GetPiece(pair, 2, u"=")) != 0;
+        grid_.setChecked(ascending ? ascendingColumn : descendingColumn, row, true);
+        ++row;
+    }
+    return notOffered;
 }
 
 void appendSortStrings(const ui::Spread& vsOrder, const SortGrid& sortGrid, metadata::FieldCatalogue& catalogue,

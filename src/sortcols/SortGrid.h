@@ -7,6 +7,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orv::sortcols {
 
@@ -32,6 +33,11 @@ class SortGrid {
     void fieldChanged(int row);
     /// Empties every row.
     void clearAll();
+
+    /// The rows that hold a field, as a scheme keeps them: key=ascending, in row order.
+    std::u16string orderBy() const;
+    /// Lays a scheme's rows on the grid. Keys that are not offered are passed over and returned.
+    std::vector<std::u16string> loadOrderBy(std::u16string_view orderBy);
 
   private:
     void directionClicked(int column, int row);

@@ -33,7 +33,8 @@ class Messages {
     }
     /// A question; True only for Yes.
     bool confirm(std::u16string_view messageTemplate, std::u16string_view first = {}) {
-        return show(localisation_.message(messageTemplate, first), messageStyle::yesNoInformation) == MessageAnswer::yes;
+        return show(localisation_.message(messageTemplate, first), messageStyle::yesNoInformation) ==
+               MessageAnswer::yes;
     }
     /// A text that needs no translation any more.
     MessageAnswer show(const std::u16string& text, std::int32_t style) {

@@ -52,7 +52,7 @@ TEST(GridRows, ReadValuesByTheKindOfTheCell) {
         {CellType::decimal, u"12.50", CellType::edit, u"", "12.5"},
         {CellType::decimal, u"1,234.00", CellType::edit, u"", "1234"},
         {CellType::wholeNumber, u"007", CellType::edit, u"", "7"},
-        {CellType::wholeNumber, u"", CellType::edit, u"", "0"},
+        {CellType::wholeNumber, u"", CellType::edit, u"", ""},
         {CellType::date, u"02052024", CellType::edit, u"130509", "2024-02-05"},
         {CellType::date, u"", CellType::edit, u"", ""},
         {CellType::date, u"02052024", CellType::time, u"130509", "2024-02-05 13:05:09"},

@@ -1,0 +1,93 @@
+#include "control/Events.h"
+
+#include "automation/AutomationError.h"
+#include "automation/Coercion.h"
+#include "control/ClassTypeLoading.h"
+#include "control/ClassTypeReload.h"
+#include "control/LayOut.h"
+
+namespace orv::control {
+
+using automation::AutomationError;
+
+namespace {
+
+/// Twips that one step of the page area's scroll bar moves it by.
+constexpr int twipsPerScrollStep = 45;
+
+/// Positions of the buttons of `cmdHide`.
+enum class HideButton { up, down, all, none, usual };
+
+template <class Action>
+void trapped(FilterState& state, Action action) {
+    try {
+        action();
+    } catch (const AutomationError& error) {
+        state.log(error.description());
+    }
+}
+
+class Wiring {
+  public:
+    explicit Wiring(FilterState& state) : state_(state) {}
+
+    template <class... Args, class Action>
+    void on(ui::Signal<Args...>& signal, Action action) {
+        state_.subscriptions.push_back(
+            signal.subscribe([&state = state_, action](Args... args) { trapped(state, [&] { action(args...); }); }));
+    }
+
+  private:
+    FilterState& state_;
+};
+
+void hideButtonPressed(FilterState& state, HideButton button) {
+    switch (button) {
+    case HideButton::up:
+        state.columnGrid.moveUp();
+        break;
+    case HideButton::down:
+        state.columnGrid.moveDown();
+        break;
+    case HideButton::all:
+        state.columnGrid.setAllShown(true);
+        break;
+    case HideButton::none:
+        state.columnGrid.setAllShown(false);
+        break;
+    case HideButton::usual:
+        initHideColumns(state);
+        break;
+    }
+}
+
+} // namespace
+
+void saveScheme(FilterState& state, schemes::SaveMode mode, std::int32_t status) {
+    trapped(state, [&] { state.schemeManager.save(mode, status); });
+}
+
+void wireEvents(FilterState& state) {
+    FilterControls& controls = *state.controls;
+    Wiring wiring(state);
+    wiring.on(controls.cboClassType.click, [&state] { classTypeChosen(state); });
+    wiring.on(controls.tbFilter.click, [&state] { layOutControls(state); });
+    wiring.on(controls.vsFilter.cellChanged,
+              [&state](int column, int row) { state.accountCheck.cellChanged(column, row); });
+    wiring.on(controls.vsFilter.keyDown, [&state](int keyCode, int) { state.valueLookUp.keyDown(keyCode); });
+    wiring.on(controls.cmdInsert.click, [&state] { state.conditionGrid.insertRow(); });
+    wiring.on(controls.cmdDel.click, [&state] { state.conditionGrid.deleteRow(); });
+    wiring.on(controls.cmdDelAll.click, [&state] { state.conditionGrid.clearAll(); });
+    for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
+        wiring.on(controls.cmdHide(i).click, [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
+    wiring.on(controls.lvwProject.itemClick, [&state] { state.schemeManager.applySelected(); });
+    wiring.on(controls.tlbProject.buttonClick,
+              [&state](const std::u16string& key) { state.schemeManager.toolbarClick(key); });
+    // 16-bit arithmetic: a value beyond it is a failure for whoever set it.
+    state.subscriptions.push_back(controls.vsPage.change.subscribe([&controls] {
+        const double top = -double{twipsPerScrollStep} * controls.vsPage.value();
+        controls.picPage.setTopTwips(automation::roundToInt16(top));
+    }));
+}
+
+} // namespace orv::control

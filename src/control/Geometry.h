@@ -1,0 +1,59 @@
+#pragma once
+
+#include "ui/Control.h"
+
+#include <array>
+#include <cstdint>
+#include <vector>
+
+namespace orv::control {
+
+/// The control's size in pixels, at 96 dots an inch times `scale`.
+struct ControlSize {
+    int width = 640;
+    int height = 400;
+    double scale = 1.0;
+};
+
+/// The page that the selected tab shows.
+enum class TabPage : std::uint8_t { conditions, sort, columns };
+
+/// What the geometry depends on.
+struct GeometryInput {
+    ControlSize size;
+    TabPage page = TabPage::conditions;
+    bool schemeList = false;  ///< schemes are in use
+    bool optionBoxes = false; ///< the class type has quick filters
+    int pageBoxes = 0;        ///< pages of the class type
+    int panelPairs = 0;       ///< drop-downs of the filter panel
+};
+
+/// Where a control stands; an empty rectangle where there is no room for it.
+struct Placement {
+    ui::Rect bounds;
+    bool visible = false;
+};
+
+/// Placements of all controls, relative to the control itself, except: `picPage` to `picPageBase`, the page boxes to
+/// `picPage`, the panel's labels and boxes to `PicPan`, `vsOrder` to `picOrder`. What stands on a container that is
+/// not visible is not seen, whatever its own placement says.
+struct Geometry {
+    Placement lblClassType, cboClassType, lblProject, tlbProject, lvwProject, tbFilter;
+    Placement vsFilter, cmdInsert, cmdDel, cmdDelAll;
+    Placement lblTime, cboTime, lblCheck, cboCheck, lblPost, cboPost;
+    Placement PicPan, picPageBase, picPage, vsPage;
+    Placement picOrder, vsOrder, vsHideColumn, chkIsShowAll;
+    std::array<Placement, 5> cmdHide;
+    std::vector<Placement> chkPage;
+    std::vector<Placement> lblFilter, cmbFilter;
+    int pageScrollMaximum = 0; ///< of `vsPage`, in its steps
+};
+
+/// The smallest size at 96 dots an inch for which the geometry is made; a smaller control is laid out as that size.
+inline constexpr int minimumWidth = 320;
+inline constexpr int minimumHeight = 240;
+
+/// Lays everything out: the active tab's page takes all space that is left, nothing overlaps or leaves the control.
+Geometry computeGeometry(const GeometryInput& input);
+
+} // namespace orv::control

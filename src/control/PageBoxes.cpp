@@ -1,0 +1,135 @@
+#include "control/PageBoxes.h"
+
+#include "automation/AutomationError.h"
+#include "automation/Coercion.h"
+#include "control/ClassTypeReload.h"
+#include "control/FlagScope.h"
+#include "control/SchemeEntry.h"
+
+namespace orv::control {
+
+using automation::AutomationError;
+using automation::Collection;
+using automation::Value;
+
+namespace {
+
+/// `FEntryType` of pages of which at most one takes part.
+constexpr std::int32_t exclusivePageType = 1;
+
+bool isExclusive(const Collection& pages, int index) {
+    const Value type = pages.record(index + 1).getValue(u"FEntryType", std::int32_t{0});
+    return !type.isNull() && automation::toInt32(type) == exclusivePageType;
+}
+
+std::u16string pageCaption(const Collection& pages, std::int32_t page) {
+    const Value name = pages.record(page).getValue(u"FName", Value());
+    std::u16string caption = name.isEmpty() || name.isNull() ? std::u16string() : automation::toText(name);
+    return caption.empty() ? u"页面" + automation::numberToText(page) : caption;
+}
+
+/// At most one exclusive page is checked: checking one unchecks the others. The header is never touched.
+void uncheckOtherExclusivePages(FilterState& state, int index) {
+    const Collection pages = state.classTypeEntries;
+    if (!pages || !isExclusive(pages, index))
+        return;
+    auto& boxes = state.controls->chkPage;
+    for (int i = 1; i < boxes.count(); ++i) {
+        if (i != index && boxes(i).isChecked() && isExclusive(pages, i))
+            boxes(i).setValue(ui::CheckState::unchecked);
+    }
+}
+
+} // namespace
+
+void rebuildPageBoxes(FilterState& state) {
+    const FlagScope loading(state.loadingPages);
+    const Collection pages = state.classTypeEntries;
+    const std::int32_t count = pages ? pages.count() : 0;
+    auto& boxes = state.controls->chkPage;
+    state.pageSubscriptions.clear();
+    boxes.resize(0);
+    for (std::int32_t page = 1; page <= count; ++page) {
+        std::u16string caption = pageCaption(pages, page);
+        ui::CheckBox& box = boxes.load();
+        box.setCaption(std::move(caption));
+        state.pageSubscriptions.push_back(box.click.subscribe([&state, index = static_cast<int>(page) - 1] {
+            try {
+                pageClicked(state, index);
+            } catch (const AutomationError& error) {
+                // The boxes keep whatever state they had reached.
+                state.log(error.description());
+            }
+        }));
+    }
+    if (count > 0) {
+        boxes(0).setValue(ui::CheckState::checked);
+        boxes(0).setEnabled(false);
+    }
+}
+
+void selectPages(FilterState& state, std::u16string_view pageList) {
+    const FlagScope loading(state.loadingPages);
+    state.selectedPages = pageList;
+    const metadata::PageSelection selection(pageList);
+    auto& boxes = state.controls->chkPage;
+    for (int i = 0; i < boxes.count(); ++i)
+        boxes(i).setValue(selection.contains(automation::numberToText(i + 1)) ? ui::CheckState::checked
+                                                                              : ui::CheckState::unchecked);
+}
+
+std::u16string pageListOfBoxes(const FilterState& state) {
+    std::u16string list = u",";
+    const auto& boxes = state.controls->chkPage;
+    for (int i = 0; i < boxes.count(); ++i) {
+        if (!boxes(i).isChecked())
+            continue;
+        list += automation::numberToText(i + 1);
+        if (!boxes(i).enabled())
+            list += u'*';
+        list += u',';
+    }
+    return list;
+}
+
+void fixPageBoxes(FilterState& state) {
+    const FlagScope loading(state.loadingPages);
+    auto& boxes = state.controls->chkPage;
+    if (boxes.count() == 2) {
+        boxes(1).setValue(ui::CheckState::checked);
+        boxes(1).setEnabled(false);
+    } else if (boxes.count() == 3) {
+        boxes(1).setEnabled(false);
+        boxes(2).setEnabled(false);
+    }
+}
+
+void pageClicked(FilterState& state, int index) {
+    if (state.handlingPageClick || state.loadingPages)
+        return;
+    const FlagScope handling(state.handlingPageClick);
+    const auto& boxes = state.controls->chkPage;
+    // Taken before the lists change: the rows are laid back on what the new selection offers.
+    const GridSettings settings = captureGrids(state);
+    if (index == 0 || boxes(index).isChecked())
+        uncheckOtherExclusivePages(state, index);
+    state.selectedPages = pageListOfBoxes(state);
+    fillFieldLists(state);
+    applyGrids(state, settings);
+}
+
+std::u16string enabledPages(FilterState& state) {
+    const Collection pages = state.classTypeEntries;
+    std::u16string list = u",";
+    const auto& boxes = state.controls->chkPage;
+    for (int i = 0; i < boxes.count() && pages; ++i) {
+        const bool exclusive = isExclusive(pages, i);
+        if (i < boxes.count() && (boxes(i).isChecked() || !exclusive)) {
+            list += automation::numberToText(i + 1);
+            list += u',';
+        }
+    }
+    return list;
+}
+
+} // namespace orv::control
