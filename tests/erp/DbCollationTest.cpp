@@ -24,6 +24,7 @@ TEST(DbCollation, ComparesTextsAsAChineseServerDoes) {
         {"", '=', "  "},
         {"abc", '>', " abc"},
         {"abc", '<', "abcd"},
+        {"a  b", '<', "a b"},
         {"a b", '<', "ab"},        // a blank inside counts, and sorts first
         {"ab c", '>', "ab"},       // padded with blanks, not cut
         {"ＡＢＣ１", '=', "abc1"}, // width

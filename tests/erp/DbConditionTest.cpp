@@ -74,6 +74,8 @@ INSTANTIATE_TEST_SUITE_P(
         ConditionCase{"TextBeyondInt", u"FNum= '2147483648'",
                       "The conversion of the value '2147483648' overflowed an int column."},
         ConditionCase{"LiteralBeyondIntIsADecimal", u"FNum< 2147483648", "1 2 4 5 6 7"},
+        ConditionCase{"LiteralBeyondIntAndText", u"FID=1 AND '2147483648'=2147483648", "1"},
+        ConditionCase{"IsnullOfIntCutsADecimal", u"isnull(FNum,2.7)=2", "3"},
         ConditionCase{"TextColumnBecomesANumber", u"FID=7 AND FNote= 7", "7"},
         ConditionCase{"TextColumnThatIsNoNumber", u"FNote= 7",
                       "Conversion failed when converting the nvarchar value 'x' to data type int."},
@@ -142,6 +144,7 @@ INSTANTIATE_TEST_SUITE_P(
         ConditionCase{"NamesIgnoreCase", u"FNUM= 5 and T.fid= 6", "6"},
         ConditionCase{"BracketedNames", u"[t].[FID]=1 OR \"FID\"=2", "1 2"},
         ConditionCase{"InSubSelect", u"FNote IN (SELECT FNote FROM t AS u WHERE u.FID=4)", "1 4"},
+        ConditionCase{"InSubSelectIgnoresCase", u"FText IN (SELECT u.FText FROM t u WHERE u.FID=1)", "1 2"},
         ConditionCase{"CorrelatedExists", u"EXISTS (SELECT 1 FROM t u WHERE u.FNum=t.FNum AND u.FID<>t.FID)", "1 6"},
         ConditionCase{"ScalarSubSelect", u"FQty=(select max(FQty) from t)", "7"}),
     caseName);

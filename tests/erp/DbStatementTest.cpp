@@ -1,6 +1,7 @@
 #include "DbTestSupport.h"
 
 #include "automation/AutomationError.h"
+#include "automation/Text.h"
 #include "erp/db/SqlError.h"
 
 #include <gtest/gtest.h>
@@ -20,11 +21,12 @@ class DbStatement : public testing::Test {
 };
 
 TEST_F(DbStatement, ValuesComeBackInTheTypesOfTheirColumns) {
-    const ResultSet result = database_.query(u"SELECT * FROM t WHERE FID IN (1,3,7) ORDER BY FID");
+    const ResultSet result = database_.query(u"SELECT * FROM t WHERE FID IN (1,2,3,7) ORDER BY FID");
     const std::vector<std::u16string> names = {u"FID", u"FText", u"FNote", u"FQty", u"FNum", u"FDate", u"FFlag"};
     EXPECT_EQ(names, result.columns);
     const std::vector<std::vector<Value>> rows = {
         {1, u"abc", u"x", Decimal{0, 750, 2, false}, 5, Date{45351}, true},
+        {2, u"ABC ", Null{}, Decimal{0, 25, 2, true}, 0, Date{45351 + 86399.0 / 86400}, false},
         {3, u"O'Brien", u"", Null{}, Null{}, Null{}, false},
         {7, u"a_b[1]", u"7", Decimal{0, 100000001, 2, false}, 2147483647, Date{45291 + 86399.0 / 86400}, true}};
     EXPECT_EQ(rows, result.rows);
@@ -56,6 +58,8 @@ TEST_F(DbStatement, SelectListsGiveNamesAndValues) {
          {u"", u"", u""},
          "2024-02-29 | 0 | -0.25"},
         {u"SELECT convert(char(6),FText)+'|' FROM t WHERE FID=1", {u""}, "abc   |"},
+        {u"SELECT COUNT(*), (SELECT u.FText FROM t u WHERE u.FID=1) FROM t", {u"", u""}, "7 | abc"},
+        {u"SELECT COUNT(a.FID) FROM t a JOIN t b ON a.FID=b.FID", {u""}, "7"},
         {u"SELECT (SELECT FText FROM t u WHERE u.FID=t.FID+1) FROM t WHERE FID=1", {u""}, "ABC "},
     };
     for (const Case& c : cases) {
@@ -90,9 +94,18 @@ TEST_F(DbStatement, ParametersStandForValuesOfTheirOwnType) {
     EXPECT_EQ(1U, count(u"FQty=?", {Value(7.5)}));
     EXPECT_EQ(1U, count(u"FQty=?", {Value(automation::Currency{75000})}));
     EXPECT_EQ(0U, count(u"FText=?", {Value(Null{})}));
-    EXPECT_THROW(count(u"FText=?", {}), automation::AutomationError);
-    EXPECT_THROW(count(u"FID=1", {Value(1)}), automation::AutomationError);
-    EXPECT_THROW(count(u"FID=?", {Value(automation::Missing{})}), automation::AutomationError);
+
+    const auto failure = [&](std::u16string_view condition, std::vector<Value> parameters) {
+        try {
+            count(condition, std::move(parameters));
+        } catch (const automation::AutomationError& error) {
+            return automation::toUtf8(error.description());
+        }
+        return std::string();
+    };
+    EXPECT_EQ("The statement has more parameters than values were given.", failure(u"FText=?", {}));
+    EXPECT_EQ("The statement has 0 parameters, but 1 values were given.", failure(u"FID=1", {Value(1)}));
+    EXPECT_EQ("A parameter holds a value that no column can hold.", failure(u"FID=?", {Value(automation::Missing{})}));
 }
 
 TEST_F(DbStatement, ChangesConvertToTheTypeOfTheColumn) {

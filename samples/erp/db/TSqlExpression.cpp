@@ -130,8 +130,8 @@ Typed TSqlParser::column() {
             }
         }
         if (found != nullptr) {
-            if (!insideAggregate_)
-                ++plainColumns_;
+            if (!scope_->insideAggregate)
+                ++scope_->plainColumns;
             return {quoteName(home->alias) + "." + quoteName(found->name), found->type, found->name};
         }
     }
@@ -213,18 +213,18 @@ Typed TSqlParser::isnullCall() {
 
 Typed TSqlParser::aggregate(const std::string& name) {
     at_ += 2;
-    if (insideAggregate_)
+    if (scope_->insideAggregate)
         fail(sqlError::command, "An aggregate must not stand inside of another one.");
-    ++aggregates_;
-    insideAggregate_ = true;
+    ++scope_->aggregates;
+    scope_->insideAggregate = true;
     if (name == "count" && acceptSymbol("*")) {
         expectSymbol(")");
-        insideAggregate_ = false;
+        scope_->insideAggregate = false;
         return {"count(*)", SqlType{SqlKind::integer}, {}};
     }
     const bool distinct = acceptWord("distinct");
     const Typed value = expression();
-    insideAggregate_ = false;
+    scope_->insideAggregate = false;
     expectSymbol(")");
     const std::string sql = name + (distinct ? "(DISTINCT " : "(") + collated(value.sql, value.type) + ")";
     if (name == "count")

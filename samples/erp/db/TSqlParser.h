@@ -22,6 +22,10 @@ struct Source {
 struct Scope {
     std::vector<Source> sources;
     Scope* outer = nullptr;
+    /// Of the select list being read: a list may not mix aggregates and columns outside of them.
+    bool insideAggregate = false;
+    int aggregates = 0;
+    int plainColumns = 0;
 };
 
 class TSqlParser {
@@ -123,10 +127,6 @@ class TSqlParser {
     std::size_t parametersUsed_ = 0;
     Scope* scope_ = nullptr;
     int depth_ = 0;
-    /// Of the select list being read: a list may not mix aggregates and columns outside of them.
-    bool insideAggregate_ = false;
-    int aggregates_ = 0;
-    int plainColumns_ = 0;
 };
 
 } // namespace orv::erp

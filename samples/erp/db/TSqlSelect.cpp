@@ -1,7 +1,5 @@
 #include "erp/db/TSqlParser.h"
 
-#include <utility>
-
 // SELECT statements, on their own and inside of others.
 namespace orv::erp {
 
@@ -111,10 +109,7 @@ std::string TSqlParser::source() {
 }
 
 std::vector<TSqlParser::Item> TSqlParser::selectList() {
-    // A sub-select inside of the list has a list of its own.
-    const int outerAggregates = std::exchange(aggregates_, 0);
-    const int outerColumns = std::exchange(plainColumns_, 0);
-    const bool outerInside = std::exchange(insideAggregate_, false);
+    scope_->plainColumns = 0; // the FROM clause has been read before
     std::vector<Item> items;
     do {
         if (acceptSymbol("*")) {
@@ -133,11 +128,8 @@ std::vector<TSqlParser::Item> TSqlParser::selectList() {
             name = peek().kind == TokenKind::text ? take().content : takeName();
         items.push_back({value.sql, {name, value.type}});
     } while (acceptSymbol(","));
-    if (aggregates_ > 0 && plainColumns_ > 0)
+    if (scope_->aggregates > 0 && scope_->plainColumns > 0)
         fail(sqlError::command, "A select list must not mix aggregates and columns outside of them.");
-    aggregates_ = outerAggregates;
-    plainColumns_ = outerColumns;
-    insideAggregate_ = outerInside;
     return items;
 }
 
