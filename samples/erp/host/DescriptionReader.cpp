@@ -144,9 +144,14 @@ void DescriptionReader::readTables(const Json& tables) {
 void DescriptionReader::readLookUpClasses(const Json& list) {
     const std::string where = name_ + ", lookUpClasses";
     expectArray(list, where);
-    for (const Json& item : list)
-        description_.lookUpClasses_.push_back(
-            {needInteger(item, "class", where), needText(item, "table", where), textOr(item, "filter", where)});
+    for (const Json& item : list) {
+        LookUpClass& place = description_.lookUpClasses_.emplace_back();
+        place.id = needInteger(item, "class", where);
+        place.table = needText(item, "table", where);
+        place.filter = textOr(item, "filter", where);
+        if (item.contains("number"))
+            place.numberColumn = needText(item, "number", where);
+    }
 }
 
 void DescriptionReader::readDeniedAccounts(const Json& list) {

@@ -10,6 +10,7 @@
 #include "erp/host/HostClock.h"
 #include "erp/host/ListQuery.h"
 #include "erp/metadata/Embedded.h"
+#include "support/Letters.h"
 
 namespace orv::erp {
 
@@ -87,10 +88,11 @@ ObjectRef ErpHost::create(std::u16string_view progId) {
 }
 
 ObjectRef ErpHost::shared(std::u16string_view progId) {
-    if (const auto kept = shared_.find(progId); kept != shared_.end())
+    const std::u16string key = support::toUpper(progId);
+    if (const auto kept = shared_.find(key); kept != shared_.end())
         return kept->second;
     ObjectRef made = create(progId);
-    shared_.emplace(progId, made);
+    shared_.emplace(key, made);
     return made;
 }
 

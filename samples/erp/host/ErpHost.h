@@ -85,7 +85,7 @@ class ErpHost : public automation::ObjectFactory {
     explicit ErpHost(std::shared_ptr<HostState> state);
 
     std::shared_ptr<HostState> state_;
-    std::map<std::u16string, automation::ObjectRef, std::less<>> shared_;
+    std::map<std::u16string, automation::ObjectRef> shared_; ///< by upper-cased ProgID
 };
 
 } // namespace orv::erp

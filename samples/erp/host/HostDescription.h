@@ -53,7 +53,8 @@ struct ClassTypeDescription {
 struct LookUpClass {
     std::int32_t id = 0;
     std::u16string table;
-    std::u16string filter; ///< further condition, or empty
+    std::u16string filter;                    ///< further condition, or empty
+    std::u16string numberColumn = u"FNumber"; ///< by what a record is picked
 };
 
 /// A host as scenario files and the built-in metadata describe it (JSON; the format is described in

@@ -51,7 +51,7 @@ ObjectRef chooseBaseData(HostState& state, std::int32_t lookUpClass) {
     if (place == nullptr)
         throw automation::AutomationError(automation::errorNumber::invalidCall, u"ORVEBCGLView.GLView",
                                           u"没有基础资料类别 " + automation::toText(lookUpClass));
-    std::u16string sql = u"SELECT * FROM " + place->table + u" WHERE FNumber=?";
+    std::u16string sql = u"SELECT * FROM " + place->table + u" WHERE " + place->numberColumn + u"=?";
     if (!place->filter.empty())
         sql += u" AND (" + place->filter + u")";
     const Value number[] = {answer.number};
