@@ -1,0 +1,82 @@
+#include "SmallHost.h"
+#include "play/RecordingPrompts.h"
+
+namespace orv::play {
+namespace {
+
+using Failures = std::vector<std::string>;
+
+TEST(Player, TellsWhatCameOutOfEachStep) {
+    Outcomes outcomes;
+    const Report report = playSmall(R"(
+        {"set": "DataSrv", "to": 7},
+        {"call": "Initialize"},
+        {"row": true, "field": "数量", "compare": "等于", "value": 1},
+        {"call": "GetFilterSql", "args": ["X"]},
+        {"cell": {"grid": "vsOrder", "col": 1, "row": 1}, "choose": "单号"},
+        {"rows": 1})",
+                                    outcomes);
+    EXPECT_EQ(report.failures, Failures{});
+    EXPECT_EQ(report.cannotPlay, "");
+    ASSERT_EQ(outcomes.lines.size(), 6U);
+    EXPECT_EQ(outcomes.lines[0].dump(), R"({"step":1})");
+    EXPECT_EQ(outcomes.lines[1].dump(), R"({"step":2,"result":true})");
+    EXPECT_EQ(outcomes.lines[3].dump(), R"({"step":4,"result":true,"args":[" (X isnull(t_Test.FQty,0)= 1 ) "]})");
+    EXPECT_EQ(outcomes.lines[5]["result"]["count"], 2);
+    EXPECT_EQ(outcomes.lines[5]["result"]["keys"].dump(), R"(["A"])");
+}
+
+TEST(Player, CountsErrorsAndRefusalsThatNobodyExpectsAsFailures) {
+    struct Case {
+        const char* steps;
+        Failures failures;
+    };
+    const Case cases[] = {
+        {R"({"fail": {"progid": "ORVEBCGLView.GLData", "member": "getanyrecordset", "number": 2147746132, "description": "x"}},
+            {"call": "GetToday"})",
+         {"small: step 2: error -2147221164 was raised: x"}},
+        {R"({"fail": {"progid": "ORVEBCGLView.GLData", "member": "getanyrecordset", "number": 5, "description": "x"}},
+            {"call": "GetToday", "expect": {"error": {"number": 6}}})",
+         {"small: step 2: error.number: expected 6, but found 5"}},
+        {R"({"call": "GetToday", "expect": {"error": {"number": 6}}})",
+         {R"(small: step 1: error: expected {"number":6}, but found nothing)"}},
+        {R"({"call": "Initialize"}, {"cell": {"grid": "vsFilter", "col": 2, "row": 3}})",
+         {"small: step 2: vsFilter column 2, row 3 could not be entered"}},
+        {R"({"set": "DataSrv", "to": 7}, {"call": "Initialize"}, {"select": "cboTime", "index": 0})",
+         {"small: step 3: cboTime is hidden"}},
+        {R"({"answer": "no"}, {"answer": "yes"})", {"small: 2 queued answers were never asked for"}},
+    };
+    for (const Case& c : cases) {
+        SCOPED_TRACE(c.steps);
+        const Report report = playSmall(c.steps);
+        EXPECT_EQ(report.failures, c.failures);
+        EXPECT_EQ(report.cannotPlay, "");
+    }
+}
+
+TEST(Player, GoesOnAfterAFailureAndKeepsItWhenALaterStepCannotBePlayed) {
+    const Report report = playSmall(R"(
+        {"get": "DataSrv", "expect": {"result": 7}},
+        {"get": "m_JCType", "expect": {"result": true}},
+        {"get": "Nothing"})");
+    EXPECT_EQ(report.failures, (Failures{"small: step 1: result: expected 7, but found null",
+                                         "small: step 2: result: expected true, but found false"}));
+    EXPECT_EQ(report.cannotPlay.substr(0, 45), "small: step 3: no property to be read \"Nothin");
+}
+
+TEST(RecordingPrompts, ConfirmsBoxesWithoutAChoiceAndAnswersQuestionsInOrder) {
+    RecordingPrompts prompts;
+    prompts.queue(ui::MessageAnswer::yes);
+    EXPECT_EQ(prompts.message(u"a", ui::messageStyle::exclamation, u"t"), ui::MessageAnswer::ok);
+    EXPECT_EQ(prompts.queued(), 1U);
+    EXPECT_EQ(prompts.message(u"b?", ui::messageStyle::yesNoInformation, u"t"), ui::MessageAnswer::yes);
+    EXPECT_EQ(prompts.queued(), 0U);
+    EXPECT_EQ(prompts.message(u"c?", ui::messageStyle::yesNoInformation, u"t"), ui::MessageAnswer::no);
+    EXPECT_EQ(prompts.takeUnanswered(), std::vector<std::u16string>{u"c?"});
+    const std::vector<ShownMessage> shown{{u"a", u"t", 48}, {u"b?", u"t", 68}, {u"c?", u"t", 68}};
+    EXPECT_EQ(prompts.takeShown(), shown);
+    EXPECT_TRUE(prompts.takeShown().empty());
+}
+
+} // namespace
+} // namespace orv::play
