@@ -44,6 +44,28 @@ const T& elementAt(const std::vector<T>& list, int position) {
     return list[static_cast<std::size_t>(position)];
 }
 
+std::u16string_view nameOf(ui::CellType type) {
+    switch (type) {
+    case ui::CellType::edit:
+        return u"edit";
+    case ui::CellType::comboBox:
+        return u"comboBox";
+    case ui::CellType::checkBox:
+        return u"checkBox";
+    case ui::CellType::staticText:
+        return u"staticText";
+    case ui::CellType::wholeNumber:
+        return u"wholeNumber";
+    case ui::CellType::decimal:
+        return u"decimal";
+    case ui::CellType::date:
+        return u"date";
+    case ui::CellType::time:
+        return u"time";
+    }
+    return {};
+}
+
 Value ask(ui::Button& button, const Request& request) {
     if (!request.is(u"Press"))
         unknownMember();
@@ -82,8 +104,10 @@ Value ask(ui::Spread& grid, const Request& request) {
         return grid.maxCols();
     if (request.is(u"Text", 2))
         return grid.text(request.number(0), request.number(1));
-    if (request.is(u"IsList", 2))
-        return grid.cellType(request.number(0), request.number(1)) == ui::CellType::comboBox;
+    if (request.is(u"CellType", 2)) {
+        const ui::CellSpan shown = grid.spanAt(request.number(0), request.number(1));
+        return nameOf(grid.cellType(shown.column, shown.row));
+    }
     if (request.is(u"ListCount", 2))
         return static_cast<std::int32_t>(grid.comboItems(request.number(0), request.number(1)).size());
     if (request.is(u"Item", 3))

@@ -14,7 +14,8 @@ namespace orv::windows {
 /// `owner` is kept alive as long as the object. All controls have `Name`, `Visible` and `Enabled`; further
 /// - labels, buttons, check boxes: `Caption`; buttons: `Press()`; check boxes: `Value`, `Click()`
 /// - combo boxes: `Text`, `Count`, `ListIndex`, `Item(position from 0)`, `Choose(position)`
-/// - grids: `MaxRows`, `MaxCols`, `Text(column, row)`, `IsList(column, row)` (a drop-down to choose from),
+/// - grids: `MaxRows`, `MaxCols`, `Text(column, row)`, `CellType(column, row)` ("edit", "comboBox", ... as ui::CellType
+///   names them; of the cell that is shown there, where cells are joined),
 ///   `ListCount(column, row)`, `Item(column, row, position)`, `MoveTo(column, row)`, `Type(column, row, text)`,
 ///   `Choose(column, row, position)`, `Toggle(column, row)`, `Key(code, shift)`; the actions tell whether they took
 ///   place

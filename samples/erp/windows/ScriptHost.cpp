@@ -1,0 +1,86 @@
+#include "erp/windows/ScriptHost.h"
+
+#include "automation/Coercion.h"
+#include "automation/Records.h"
+#include "erp/host/ErpHost.h"
+#include "erp/host/MemberObject.h"
+#include "erp/windows/ConditionTyping.h"
+#include "erp/windows/HostProcess.h"
+
+namespace orv::erp {
+
+using automation::Arguments;
+using automation::Value;
+
+namespace {
+
+constexpr std::size_t shownKeys = 10;
+
+std::u16string textOf(const automation::Argument& argument) {
+    return argument.value().isMissing() ? std::u16string() : automation::toText(argument.value());
+}
+
+class ScriptHost final : public MemberObject {
+  public:
+    std::span<const Member> members() const override;
+
+    Value dataService(Arguments arguments) {
+        return hostOfProcess()->dataService(automation::toInt32(arguments[0].value()));
+    }
+    Value settings(Arguments) { return hostOfProcess()->defaultSettings().object(); }
+    Value rows(Arguments arguments) { return static_cast<std::int32_t>(run(arguments).rows); }
+    Value list(Arguments arguments) {
+        const ListResult result = run(arguments);
+        std::u16string keys;
+        for (const std::u16string& key : result.firstKeys)
+            keys += (keys.empty() ? u"" : u",") + key;
+        const automation::Dictionary answer = automation::makeDictionary();
+        answer.set(u"Rows", static_cast<std::int32_t>(result.rows));
+        answer.set(u"Bills", static_cast<std::int32_t>(result.bills));
+        answer.set(u"FirstKeys", keys);
+        answer.set(u"SQL", result.sql);
+        return answer.object();
+    }
+    void fillRow(Arguments arguments) {
+        fillConditionRow(automation::toObject(arguments[0].value()), automation::toInt32(arguments[1].value()),
+                         {.left = textOf(arguments[2]),
+                          .field = textOf(arguments[3]),
+                          .compare = textOf(arguments[4]),
+                          .value = textOf(arguments[5]),
+                          .right = textOf(arguments[6]),
+                          .logic = textOf(arguments[7])});
+    }
+    void answerLookUp(Arguments arguments) { hostOfProcess()->queueLookUp(textOf(arguments[0])); }
+    void failNext(Arguments arguments) {
+        hostOfProcess()->failNext(textOf(arguments[0]), textOf(arguments[1]), automation::toInt32(arguments[2].value()),
+                                  textOf(arguments[3]));
+    }
+
+  private:
+    static ListResult run(Arguments arguments) {
+        return hostOfProcess()->list(automation::toInt32(arguments[0].value()), textOf(arguments[1]),
+                                     textOf(arguments[2]), textOf(arguments[3]), shownKeys);
+    }
+};
+
+constexpr Member scriptMembers[] = {
+    method<&ScriptHost::dataService>(u"DataService", 1),
+    method<&ScriptHost::settings>(u"Settings", 0),
+    method<&ScriptHost::rows>(u"Rows", 4),
+    method<&ScriptHost::list>(u"List", 4),
+    method<&ScriptHost::fillRow>(u"FillRow", 8),
+    method<&ScriptHost::answerLookUp>(u"AnswerLookUp", 1),
+    method<&ScriptHost::failNext>(u"FailNext", 4),
+};
+
+std::span<const Member> ScriptHost::members() const {
+    return scriptMembers;
+}
+
+} // namespace
+
+automation::ObjectRef makeScriptHost() {
+    return std::make_shared<ScriptHost>();
+}
+
+} // namespace orv::erp
