@@ -27,7 +27,7 @@ SelectItem::SelectItem(automation::Dictionary item) : item_(std::move(item)) {
 
 bool SelectItem::visible() {
     if (!visible_) {
-        const Value flag = item_.getValue(u"FVisible", Value());
+        const Value flag = item_.getValue(u"FVisible", true);
         visible_ = !flag.isNull() && automation::toBoolean(flag);
     }
     return *visible_;

@@ -55,6 +55,11 @@ class AccessTable {
     std::unordered_map<std::u16string, bool> known_;
 };
 
+/// A field is hidden only by an "FVisible" that says so.
+bool isInvisible(const metadata::FieldRecord& field) {
+    return !field.value(fieldKey::visible).isEmpty() && !field.flag(fieldKey::visible);
+}
+
 } // namespace
 
 ColumnGrid::ColumnGrid(ui::Spread& vsHideColumn, std::function<void(std::u16string_view)> warn)
@@ -93,7 +98,7 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
     int row = 0;
     for (std::int32_t position = 1; position <= catalogue.count(); ++position) {
         const FieldRef field = catalogue.field(position);
-        if (access.hides(field->text(fieldKey::accessMask)) || !field->flag(fieldKey::visible) ||
+        if (access.hides(field->text(fieldKey::accessMask)) || isInvisible(*field) ||
             !pages.contains(field->text(fieldKey::page)))
             continue;
         ++row;

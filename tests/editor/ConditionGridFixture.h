@@ -57,7 +57,9 @@ class ConditionGridFixture : public testing::Test, protected editor::ConditionGr
 
     std::shared_ptr<metadata::FieldCatalogue> catalogue() override { return catalogue_; }
     std::shared_ptr<editor::Comparisons> comparisons() override { return comparisons_; }
-    bool onSelectedPage(const metadata::FieldRecord& field) override { return selectedPages.contains(field.text(u"FPage")); }
+    bool onSelectedPage(const metadata::FieldRecord& field) override {
+        return selectedPages.contains(field.text(u"FPage"));
+    }
     editor::ValueListSource valueListSource() override { return {service, factory, u""}; }
     editor::DecimalPlaces decimalPlaces() override { return {3, 2, 4}; }
     ui::Messages& messages() override { return messages_; }

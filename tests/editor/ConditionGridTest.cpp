@@ -1,5 +1,9 @@
 #include "editor/ConditionGridFixture.h"
 
+#include "conditions/GridRows.h"
+
+#include <string>
+
 namespace orv::editor {
 namespace {
 
@@ -134,6 +138,87 @@ TEST_F(ConditionGridTest, GuardsMovesBetweenLines) {
     EXPECT_EQ(grid.comboSelection(8, 1), 0) << "a move down chooses AND";
     EXPECT_FALSE(grid.userMoveTo(2, 5));
     EXPECT_TRUE(grid.userMoveTo(2, 1)) << "up is always allowed from a blank line";
+}
+
+/// Lines 1 to `count` hold the bill number with their own number as the value.
+void fillLines(ui::Spread& grid, int count) {
+    for (int line = 1; line <= count; ++line) {
+        grid.userChoose(2, line, 1);
+        grid.userType(4, line, automation::fromUtf8("v" + std::to_string(line)));
+    }
+}
+
+std::string values(const ui::Spread& grid, int from, int to) {
+    std::string result;
+    for (int line = from; line <= to; ++line)
+        result += automation::toUtf8(grid.text(4, line)) + " ";
+    return result;
+}
+
+TEST_F(ConditionGridTest, InsertsAboveTheActiveLine) {
+    fillLines(grid, 3);
+    grid.userChoose(3, 2, 1);
+    grid.userType(4, 2, u"v2");
+    grid.setActiveCell(4, 2);
+    conditions.insertRow();
+    EXPECT_EQ(values(grid, 1, 5), "v1  v2 v3  ");
+    EXPECT_EQ(grid.activeCell(), (ui::CellRef{2, 2}));
+    EXPECT_EQ(grid.comboSelection(3, 3), 1);
+    EXPECT_EQ(row(3).FCompare, u" LIKE ") << "the record follows the comparison that the line shows";
+    EXPECT_TRUE(row(2).FFieldKey.empty());
+
+    fillLines(grid, 30);
+    grid.setActiveCell(4, 30);
+    conditions.insertRow();
+    EXPECT_EQ(values(grid, 29, 30), "v29 v30 ") << "nothing on the last line";
+    grid.setActiveCell(4, 29);
+    conditions.insertRow();
+    EXPECT_EQ(values(grid, 28, 30), "v28  v29 ") << "what was in the last line is lost";
+}
+
+TEST_F(ConditionGridTest, DeletesTheActiveLineAndKeepsTheLastOne) {
+    fillLines(grid, 30);
+    grid.setActiveCell(4, 1);
+    conditions.deleteRow();
+    EXPECT_EQ(values(grid, 1, 2), "v2 v3 ");
+    EXPECT_EQ(values(grid, 28, 30), "v29 v30 v30 ");
+    EXPECT_EQ(grid.activeCell(), (ui::CellRef{3, 1}));
+    conditions.clearAll();
+    for (int line = 1; line <= 30; ++line)
+        EXPECT_FALSE(conditions::IsFilterRowUsed(grid, line)) << line;
+}
+
+TEST_F(ConditionGridTest, WritesAndLoadsConditionTexts) {
+    grid.userChoose(2, 1, 1);
+    grid.userChoose(1, 1, 1);
+    grid.userChoose(3, 1, 1);
+    grid.userType(4, 1, u"a b");
+    grid.userChoose(8, 1, 1);
+    grid.userChoose(2, 3, 3);
+    grid.userType(4, 3, u"2024-02-29");
+    grid.userType(5, 3, u"13:05:09");
+    grid.userChoose(7, 3, 1);
+    const std::u16string text = conditions.conditionText();
+    EXPECT_EQ(automation::toUtf8(text), "(##<&n_FBillNo##<&1##<&a b##<&##<&或##<&||"
+                                        "##<&n_FTime##<&0##<&2024-02-29 13:05:09##<&)##<&##<&||");
+
+    grid.userChoose(2, 5, 2);
+    conditions.loadConditionText(u"  ");
+    EXPECT_EQ(conditions.fieldPosition(5), 2) << "a blank text changes nothing";
+    conditions.loadConditionText(text);
+    EXPECT_EQ(conditions.conditionText(), text) << "now on lines 1 and 2";
+    EXPECT_EQ(conditions.fieldPosition(2), 3);
+    EXPECT_EQ(grid.text(5, 2), u"130509");
+    EXPECT_EQ(row(1).FCompare, u" LIKE ");
+    EXPECT_EQ(conditions.fieldPosition(5), 0);
+
+    conditions.loadConditionText(u"##<&n_FGone##<&0##<&x##<&##<&并且##<&||(##<&N_FBILLNO##<&0##<&y##<&##<&##<&||");
+    EXPECT_FALSE(conditions::IsFilterRowUsed(grid, 1)) << "a field that is gone leaves its line empty";
+    EXPECT_EQ(logged.back(), "条件行 1 未载入：字段 n_FGone 不存在");
+    EXPECT_EQ(row(2).FFieldKey, u"FBillNo") << "letter case does not count";
+    selectedPages = metadata::PageSelection(u",2,");
+    conditions.loadConditionText(text);
+    EXPECT_EQ(conditions.conditionText(), u"") << "fields of other pages are not offered";
 }
 
 struct ShapeCase {
