@@ -38,10 +38,11 @@ class SourceAskedOnce final : public FilterSqlSource {
     std::optional<double> date_;
 };
 
-void setContext(std::u16string& context, int line, std::u16string_view caption) {
-    context = u"行：";
+void setContext(std::u16string& context, const FilterForm& form, int line, std::u16string_view caption) {
+    context = form.lineWord;
     automation::appendInteger(context, line);
-    context += u"; 字段：";
+    context += u';';
+    context += form.fieldWord;
     context += caption;
     context += u' ';
 }
@@ -54,14 +55,15 @@ const ConditionRow& rowOf(const std::vector<ConditionRow>& rows, int line) {
     return rows[index];
 }
 
-void appendRows(const ui::Spread& grid, const std::vector<ConditionRow>& rows, Today& today, std::u16string& context,
+void appendRows(const FilterForm& form, const std::vector<ConditionRow>& rows, Today& today, std::u16string& context,
                 std::u16string& strFilter) {
+    const ui::Spread& grid = form.vsFilter;
     for (int line = 1; line <= grid.maxRows(); ++line) {
         if (!IsFilterRowUsed(grid, line))
             continue;
-        setContext(context, line, {});
+        setContext(context, form, line, {});
         const FieldRef field = rowOf(rows, line).HDict;
-        setContext(context, line, field->text(metadata::fieldKey::caption));
+        setContext(context, form, line, field->text(metadata::fieldKey::caption));
         if (!rowOf(rows, line).FCompareIndex)
             refuse(refusal::noComparison);
         // Caption and date may be asked of the host, which may change the rows: no reference to one is held meanwhile.
@@ -104,7 +106,7 @@ void appendFilterSql(const FilterForm& form, std::vector<ConditionRow>& rows, Fi
     checkBrackets(grid);
     readRows(grid, rows);
     SourceAskedOnce asked(source);
-    appendRows(grid, rows, asked, errorContext, strFilter);
+    appendRows(form, rows, asked, errorContext, strFilter);
     cutTrailingLogic(strFilter);
     if (!strFilter.empty()) {
         strFilter.insert(0, u" (");

@@ -22,6 +22,9 @@ struct FilterForm {
     const ui::ControlArray<ui::ComboBox>& cmbFilter;
     std::u16string classType; ///< text of `cboClassType`
     QuickFilterChoice choice;
+    // The words of the error context, in the user's language.
+    std::u16string lineWord = u"行：";
+    std::u16string fieldWord = u" 字段：";
 };
 
 /// Extends `strFilter` by the conditions of the grid, the filter panel and the quick filters: text for a WHERE clause,

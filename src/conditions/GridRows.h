@@ -9,12 +9,14 @@
 
 namespace orv::conditions {
 
-/// Columns of the condition grid that a condition row is read from.
+/// Columns of the condition grid.
 namespace gridColumn {
 inline constexpr int left = 1;
 inline constexpr int field = 2;
+inline constexpr int comparison = 3;
 inline constexpr int value = 4;
-inline constexpr int valueTime = 5;
+inline constexpr int valueTime = 5; ///< part of the value area: the time of a date-time
+inline constexpr int valueEnd = 6;
 inline constexpr int right = 7;
 inline constexpr int logic = 8;
 } // namespace gridColumn

@@ -64,7 +64,9 @@ bool filterSql(FilterState& state, std::u16string& strFilter, bool raiseErrors) 
         controls.lblFilter,
         controls.cmbFilter,
         controls.cboClassType.text(),
-        {controls.cboTime.listIndex(), controls.cboCheck.listIndex(), controls.cboPost.listIndex()}};
+        {controls.cboTime.listIndex(), controls.cboCheck.listIndex(), controls.cboPost.listIndex()},
+        state.localisation.TranslateText(u"行："),
+        u" " + state.localisation.TranslateText(u"字段：")};
     ControlAsSource source(state);
     try {
         conditions::appendFilterSql(form, *rows, source, state.errorContext, strFilter);

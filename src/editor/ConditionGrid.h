@@ -2,6 +2,7 @@
 
 #include "conditions/ConditionRow.h"
 #include "conditions/ConditionText.h"
+#include "conditions/GridRows.h"
 #include "editor/Comparisons.h"
 #include "editor/ValueCell.h"
 #include "editor/ValueLists.h"
@@ -17,17 +18,7 @@
 
 namespace orv::editor {
 
-/// Columns of the condition grid.
-namespace column {
-inline constexpr int left = 1;
-inline constexpr int field = 2;
-inline constexpr int comparison = 3;
-inline constexpr int value = 4;
-inline constexpr int valueTime = 5;
-inline constexpr int valueEnd = 6;
-inline constexpr int right = 7;
-inline constexpr int logic = 8;
-} // namespace column
+namespace column = conditions::gridColumn;
 
 /// What the condition grid asks of the control.
 class ConditionGridHost {
