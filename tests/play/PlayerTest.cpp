@@ -72,10 +72,61 @@ TEST(RecordingPrompts, ConfirmsBoxesWithoutAChoiceAndAnswersQuestionsInOrder) {
     EXPECT_EQ(prompts.message(u"b?", ui::messageStyle::yesNoInformation, u"t"), ui::MessageAnswer::yes);
     EXPECT_EQ(prompts.queued(), 0U);
     EXPECT_EQ(prompts.message(u"c?", ui::messageStyle::yesNoInformation, u"t"), ui::MessageAnswer::no);
-    EXPECT_EQ(prompts.takeUnanswered(), std::vector<std::u16string>{u"c?"});
+    EXPECT_EQ(
+        prompts.takeProblems(),
+        Failures{R"(the question "c?" has no answer: queue one before with {"answer": "yes"} or {"answer": "no"})"});
     const std::vector<ShownMessage> shown{{u"a", u"t", 48}, {u"b?", u"t", 68}, {u"c?", u"t", 68}};
-    EXPECT_EQ(prompts.takeShown(), shown);
-    EXPECT_TRUE(prompts.takeShown().empty());
+    EXPECT_EQ(prompts.takeMessages(), shown);
+    EXPECT_TRUE(prompts.takeMessages().empty());
+}
+
+/// A dialog with a name to fill in, which refuses an empty one.
+class NameDialog final : public ui::Dialog {
+  public:
+    NameDialog() : Dialog(u"frmName") {}
+    ui::TextBox txtName{u"txtName"};
+    ui::CheckBox chkShare{u"chkShare"};
+    ui::Button cmdOk{u"cmdOk"};
+    ui::Button cmdCancel{u"cmdCancel"};
+    std::vector<ui::Control*> controls() override { return {&txtName, &chkShare, &cmdOk, &cmdCancel}; }
+    ui::Button& defaultButton() override { return cmdOk; }
+    ui::Button& cancelButton() override { return cmdCancel; }
+
+  private:
+    ui::Subscription onOk_ = cmdOk.click.subscribe([this] {
+        if (!txtName.text().empty())
+            close();
+    });
+    ui::Subscription onCancel_ = cmdCancel.click.subscribe([this] { close(); });
+};
+
+TEST(RecordingPrompts, FillInADialogUntilItIsClosed) {
+    RecordingPrompts prompts;
+    NameDialog dialog;
+    prompts.queue(DialogAnswer{{{u"txtName", u""}}, {}, {}});
+    prompts.queue(DialogAnswer{{{u"txtName", u"月报"}}, {{u"chkShare", true}}, u"cmdOk"});
+    prompts.queue(DialogAnswer{{}, {}, u"cmdCancel"});
+    prompts.showModal(dialog);
+    EXPECT_FALSE(dialog.isOpen());
+    EXPECT_EQ(dialog.txtName.text(), u"月报");
+    EXPECT_TRUE(dialog.chkShare.isChecked());
+    EXPECT_EQ(prompts.queued(), 1U);
+    EXPECT_EQ(prompts.takeDialogs(), std::vector<std::u16string>{u"frmName"});
+    EXPECT_EQ(prompts.takeProblems(), Failures{});
+}
+
+TEST(RecordingPrompts, CancelADialogThatCannotBeAnsweredAndTellWhy) {
+    RecordingPrompts prompts;
+    NameDialog unanswered;
+    prompts.showModal(unanswered);
+    EXPECT_FALSE(unanswered.isOpen());
+    NameDialog misspelled;
+    prompts.queue(DialogAnswer{{{u"txtNam", u"x"}}, {}, {}});
+    prompts.showModal(misspelled);
+    EXPECT_FALSE(misspelled.isOpen());
+    EXPECT_EQ(prompts.takeProblems(),
+              (Failures{R"(the dialog frmName has no answer: queue one before with {"answer": {"dialog": ...}})",
+                        R"(the dialog frmName has no control "txtNam" of that kind)"}));
 }
 
 } // namespace

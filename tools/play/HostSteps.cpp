@@ -33,6 +33,21 @@ void queueLookUp(erp::ErpHost& host, const Json& choice) {
         throw ScenarioError("\"lookUp\" must be the number of a record in a text, a record, or null to cancel");
 }
 
+/// Texts and ticks by the names of their controls; "press" names the button.
+DialogAnswer dialogAnswer(const Json& entries) {
+    DialogAnswer answer;
+    for (const auto& [key, entry] : entries.items()) {
+        const std::u16string name = automation::fromUtf8(key);
+        if (key == "press")
+            answer.press = textOf(entries, "press");
+        else if (entry.is_boolean())
+            answer.ticks.emplace_back(name, entry.get<bool>());
+        else
+            answer.texts.emplace_back(name, textOf(entries, key.c_str()));
+    }
+    return answer;
+}
+
 void checkKeys(const Json& object, std::size_t count, const char* what) {
     if (object.size() != count)
         throw ScenarioError(what);
@@ -46,10 +61,12 @@ void answerStep(Session& session, const Json& step, StepOutcome&) {
         return session.prompts().queue(ui::MessageAnswer::yes);
     if (answer == "no")
         return session.prompts().queue(ui::MessageAnswer::no);
-    if (!answer.is_object() || !has(answer, "lookUp"))
-        throw ScenarioError("\"answer\" must be \"yes\", \"no\" or {\"lookUp\": ...}");
-    checkKeys(answer, 1, "an answer to a look-up has the key \"lookUp\" alone");
-    queueLookUp(session.host(), answer["lookUp"]);
+    if (!answer.is_object() || answer.size() != 1 || !(has(answer, "lookUp") || has(answer, "dialog")))
+        throw ScenarioError(R"("answer" must be "yes", "no", {"lookUp": ...} or {"dialog": ...})");
+    if (has(answer, "lookUp"))
+        queueLookUp(session.host(), answer["lookUp"]);
+    else
+        session.prompts().queue(dialogAnswer(objectOf(answer, "dialog")));
 }
 
 void failStep(Session& session, const Json& step, StepOutcome&) {

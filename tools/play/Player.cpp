@@ -20,11 +20,12 @@ StepOutcome run(Session& session, const Step& step) {
     } catch (const automation::AutomationError& error) {
         outcome.error = RaisedError{error.number(), error.source(), error.description()};
     }
-    outcome.messages = session.prompts().takeShown();
-    outcome.log = session.prompts().takeLogged();
-    for (const std::u16string& question : session.prompts().takeUnanswered())
-        throw ScenarioError("the question \"" + toUtf8(question) +
-                            "\" has no answer: queue one before with {\"answer\": \"yes\"} or {\"answer\": \"no\"}");
+    RecordingPrompts& prompts = session.prompts();
+    outcome.messages = prompts.takeMessages();
+    outcome.dialogs = prompts.takeDialogs();
+    outcome.log = prompts.takeLogged();
+    for (const std::string& problem : prompts.takeProblems())
+        throw ScenarioError(problem);
     return outcome;
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "ui/Dialog.h"
 #include "ui/Prompts.h"
 
 #include <cstdint>
@@ -18,31 +19,45 @@ struct ShownMessage {
     friend bool operator==(const ShownMessage&, const ShownMessage&) = default;
 };
 
-/// Records the message boxes of the control and answers them: boxes with an OK button alone are confirmed, questions
-/// take the next queued answer.
+/// What the user does in a modal dialog: fills in texts, ticks boxes, presses a button.
+struct DialogAnswer {
+    std::vector<std::pair<std::u16string, std::u16string>> texts; ///< by name of the text box
+    std::vector<std::pair<std::u16string, bool>> ticks;           ///< by name of the check box
+    std::u16string press;                                         ///< name of the button; empty: the one of Enter
+};
+
+/// Records the message boxes and dialogs of the control and answers them: boxes with an OK button alone are confirmed,
+/// questions and dialogs take the next queued answer of their kind.
+///
+/// What cannot be answered is answered with No, or cancelled, and kept for `takeProblems`: an exception could not leave
+/// the control's own error traps.
 class RecordingPrompts final : public ui::Prompts {
   public:
-    /// The answer to the next question that has none yet.
     void queue(ui::MessageAnswer answer) { answers_.push_back(answer); }
-    std::size_t queued() const noexcept { return answers_.size(); }
+    void queue(DialogAnswer answer) { dialogAnswers_.push_back(std::move(answer)); }
+    /// The answers that wait.
+    std::size_t queued() const noexcept { return answers_.size() + dialogAnswers_.size(); }
 
-    /// A question without a queued answer is answered with No, and remembered for `takeUnanswered`: an exception
-    /// could not leave the control's own error traps.
     ui::MessageAnswer message(const std::u16string& text, std::int32_t style, const std::u16string& title) override;
+    /// A dialog that an answer leaves open takes the next one too.
+    void showModal(ui::Dialog& dialog) override;
     void log(const std::u16string& text) override { logged_.push_back(text); }
 
-    /// What was shown since the last call.
-    std::vector<ShownMessage> takeShown() { return std::exchange(shown_, {}); }
-    /// What went to the host's diagnostics since the last call.
+    // What has come up since the last call.
+    std::vector<ShownMessage> takeMessages() { return std::exchange(messages_, {}); }
+    /// The names of the dialogs.
+    std::vector<std::u16string> takeDialogs() { return std::exchange(dialogs_, {}); }
     std::vector<std::u16string> takeLogged() { return std::exchange(logged_, {}); }
-    /// The texts of the questions that found no answer since the last call.
-    std::vector<std::u16string> takeUnanswered() { return std::exchange(unanswered_, {}); }
+    /// What could not be answered, in sentences (UTF-8).
+    std::vector<std::string> takeProblems() { return std::exchange(problems_, {}); }
 
   private:
     std::deque<ui::MessageAnswer> answers_;
-    std::vector<ShownMessage> shown_;
+    std::deque<DialogAnswer> dialogAnswers_;
+    std::vector<ShownMessage> messages_;
+    std::vector<std::u16string> dialogs_;
     std::vector<std::u16string> logged_;
-    std::vector<std::u16string> unanswered_;
+    std::vector<std::string> problems_;
 };
 
 } // namespace orv::play

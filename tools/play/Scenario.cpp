@@ -18,7 +18,8 @@ namespace {
 
 constexpr std::array<std::string_view, 7> scenarioKeys{"title", "note", "host", "now", "props", "settings", "steps"};
 constexpr std::array<std::string_view, 2> commonStepKeys{"note", "expect"};
-constexpr std::array<std::string_view, 6> outputKeys{"result", "args", "messages", "error", "refused", "log"};
+constexpr std::array<std::string_view, 7> outputKeys{"result", "args",    "messages", "dialogs",
+                                                     "error",  "refused", "log"};
 
 template <class Range>
 bool contains(const Range& range, std::string_view key) {

@@ -15,6 +15,8 @@ Json StepOutcome::toJson(std::size_t stepNumber) const {
     for (const ShownMessage& message : messages)
         line["messages"].push_back(
             {{"text", toUtf8(message.text)}, {"title", toUtf8(message.title)}, {"style", message.style}});
+    for (const std::u16string& dialog : dialogs)
+        line["dialogs"].push_back(toUtf8(dialog));
     if (error)
         line["error"] = {
             {"number", error->number}, {"source", toUtf8(error->source)}, {"description", toUtf8(error->description)}};

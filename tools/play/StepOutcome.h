@@ -23,11 +23,12 @@ struct StepOutcome {
     std::optional<Json> args;           ///< the by-reference arguments after a call, in order
     std::vector<ShownMessage> messages; ///< message boxes, in order
     std::optional<RaisedError> error;
-    std::vector<std::u16string> log; ///< what the control told the host's diagnostics
-    std::string refused;             ///< what a user could not do, because the control did not let him; UTF-8
+    std::vector<std::u16string> dialogs; ///< names of the modal dialogs that were shown, in order
+    std::vector<std::u16string> log;     ///< what the control told the host's diagnostics
+    std::string refused;                 ///< what a user could not do, because the control did not let him; UTF-8
 
-    /// The output keys: "step", "result", "args", "messages", "error", "refused" and "log", each only where there is
-    /// any.
+    /// The output keys: "step", "result", "args", "messages", "dialogs", "error", "refused" and "log", each only where
+    /// there is any.
     Json toJson(std::size_t stepNumber) const;
 };
 
