@@ -39,21 +39,31 @@ std::u16string Localisation::language() const {
 }
 
 std::u16string Localisation::TranslateText(std::u16string_view text) const {
-    std::u16string result(text);
     const std::u16string wanted = language();
     if (wanted == sourceLanguage || text.empty())
-        return result;
+        return std::u16string(text);
+    if (wanted != knownLanguage_) {
+        known_.clear();
+        knownLanguage_ = wanted;
+    }
+    if (const auto known = known_.find(std::u16string(text)); known != known_.end())
+        return known->second;
     try {
-        const ObjectRef loader = factory_.shared(u"ORVResLoader.Loader");
-        provide(loader, u"ResFileBaseName", resourceFile);
-        provide(loader, u"LanguageID", wanted);
-        const automation::Value translated = automation::call(loader, u"LoadString2", Trim(text));
-        if (!translated.isEmpty() && !translated.isNull())
-            result = automation::toText(translated);
+        std::u16string translated = load(text, wanted);
+        known_[std::u16string(text)] = translated;
+        return translated;
     } catch (const AutomationError&) {
         // The caption stays in the source language: a missing resource must not cost the user the message itself.
+        return std::u16string(text);
     }
-    return result;
+}
+
+std::u16string Localisation::load(std::u16string_view text, const std::u16string& language) const {
+    const ObjectRef loader = factory_.shared(u"ORVResLoader.Loader");
+    provide(loader, u"ResFileBaseName", resourceFile);
+    provide(loader, u"LanguageID", language);
+    const automation::Value translated = automation::call(loader, u"LoadString2", Trim(text));
+    return translated.isEmpty() || translated.isNull() ? std::u16string(text) : automation::toText(translated);
 }
 
 std::u16string Localisation::message(std::u16string_view messageTemplate, std::u16string_view first,

@@ -5,6 +5,7 @@
 #include <functional>
 #include <string>
 #include <string_view>
+#include <unordered_map>
 
 namespace orv::support {
 
@@ -27,8 +28,13 @@ class Localisation {
                            std::u16string_view second = {}) const;
 
   private:
+    std::u16string load(std::u16string_view text, const std::u16string& language) const;
+
     automation::ObjectFactory& factory_;
     std::function<std::u16string()> props_;
+    // What the loader has answered for the language; a text that failed is asked again.
+    mutable std::u16string knownLanguage_;
+    mutable std::unordered_map<std::u16string, std::u16string> known_;
 };
 
 } // namespace orv::support
