@@ -55,6 +55,18 @@ void tellGrid(std::ostream& out, const Json& grid) {
     out << textTable(rows, indent);
 }
 
+/// The items of a combo box, the selected one in brackets.
+void tellItems(std::ostream& out, const Json& box) {
+    std::string text;
+    int position = 0;
+    for (const Json& item : box["items"]) {
+        const std::string caption = plain(item).substr(0, plain(item).rfind(" <"));
+        text += (position == 0 ? "" : "  ") + (box["index"] == position ? "[" + caption + "]" : caption);
+        ++position;
+    }
+    out << indent << text << '\n';
+}
+
 void tellBills(std::ostream& out, const Json& list) {
     out << indent << plain(list["count"]) << " found; the first ones: ";
     std::string keys;
@@ -63,29 +75,19 @@ void tellBills(std::ostream& out, const Json& list) {
     out << keys << '\n';
 }
 
-/// The part of a step that its verb does not name: "left (, field 日期, ...".
-std::string parameters(const Step& step) {
-    std::string text;
-    for (const auto& [key, value] : step.body.items()) {
-        if (key == step.verb || key == "note" || key == "expect")
-            continue;
-        text += (text.empty() ? "" : ", ") + key + " " + plain(value);
-    }
-    return text;
-}
-
 void tellResult(std::ostream& out, const Step& step, const StepOutcome& outcome) {
     if (step.verb == "rows" && outcome.result)
         return tellBills(out, *outcome.result);
     if (step.verb == "show" && outcome.result && outcome.result->contains("titles"))
         return tellGrid(out, *outcome.result);
+    if (step.verb == "show" && outcome.result && outcome.result->contains("index"))
+        return tellItems(out, *outcome.result);
     if (step.verb == "call" && outcome.args) {
+        // What a call leaves in its arguments when it fails is of no use to its caller.
+        if (outcome.result == Json(false))
+            return;
         for (const Json& arg : *outcome.args)
             quote(out, plain(arg));
-        return;
-    }
-    if (step.verb == "row") {
-        out << indent << "条件: " << parameters(step) << '\n';
         return;
     }
     if (outcome.result)
