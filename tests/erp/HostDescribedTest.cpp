@@ -2,7 +2,10 @@
 #include "automation/AutomationError.h"
 #include "erp/db/Database.h"
 
+#include <filesystem>
+#include <fstream>
 #include <gtest/gtest.h>
+#include <iterator>
 
 // Hosts that a scenario file describes.
 namespace orv::erp {
@@ -117,6 +120,21 @@ TEST(DescribedHost, AnswersPeriodsAsDescribed) {
     };
     EXPECT_EQ(ask(u"GetCurPeriod"), "unknown 2023 7 45108 4") << "what is not described stays the caller's";
     EXPECT_EQ(ask(u"GetGLCurPeriod"), "unknown 1 2 3 4") << "no ledger, no period in the database";
+}
+
+// The example of the document is what people start from.
+TEST(DescribedHost, TheDocumentedExampleRuns) {
+    const auto root = std::filesystem::path(__FILE__).parent_path().parent_path().parent_path();
+    std::ifstream file(root / "docs" / "sample-erp-host.md", std::ios::binary);
+    const std::string text((std::istreambuf_iterator<char>(file)), std::istreambuf_iterator<char>());
+    const std::size_t start = text.find("```json\n") + 8;
+    const auto host = describe(text.substr(start, text.find("```", start) - start));
+    const ListResult all = host->list(12, u"", u"t_Stock.FQty  DESC ", u"", 5);
+    EXPECT_EQ(all.firstKeys, (std::vector<std::u16string>{u"RK1", u"RK2"}));
+    EXPECT_EQ(host->list(12, u"convert(char(10),t_Stock.FDate,120) BETWEEN '2024-02-01' AND '2024-02-29 23:59:59'", u"",
+                         u"", 5)
+                  .bills,
+              1u);
 }
 
 TEST(DescribedHost, NamesWhatIsWrongWithADescription) {

@@ -131,6 +131,10 @@ void ErpHost::queueLookUpCancel() {
     state_->lookUps.push({true, {}, {}});
 }
 
+void ErpHost::clearLookUps() {
+    state_->lookUps.clear();
+}
+
 void ErpHost::failNext(std::u16string_view progId, std::u16string_view member, std::int32_t number,
                        std::u16string_view description) {
     state_->log.failNext(progId, member, number, description);

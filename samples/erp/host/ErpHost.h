@@ -67,6 +67,8 @@ class ErpHost : public automation::ObjectFactory {
     void queueLookUp(automation::Dictionary properties);
     /// the dialog is cancelled.
     void queueLookUpCancel();
+    /// Drops the answers that no dialog took.
+    void clearLookUps();
 
     /// Makes the next call of `progId`.`member` fail; an empty member means its creation.
     void failNext(std::u16string_view progId, std::u16string_view member, std::int32_t number,

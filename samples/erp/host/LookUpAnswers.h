@@ -26,7 +26,7 @@ class LookUpAnswers {
         queue_.pop_front();
         return answer;
     }
-    std::size_t waiting() const noexcept { return queue_.size(); }
+    void clear() { queue_.clear(); }
 
   private:
     std::deque<LookUpAnswer> queue_;
