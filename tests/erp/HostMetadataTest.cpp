@@ -37,7 +37,7 @@ struct ClassTypeCase {
 TEST(HostMetadata, ServesTheClassTypesOfTheBuiltInErp) {
     const ClassTypeCase cases[] = {
         {1000101, u"商品档案", 1, 18},   {1000201, u"收款单据", 3, 47}, {1000202, u"付款单据", 2, 26},
-        {1000301, u"销售发货单", 4, 38}, {1000801, u"凭证", 2, 22},     {1000901, u"计时工资单", 1, 16},
+        {1000301, u"销售出库单", 4, 38}, {1000801, u"凭证", 2, 22},     {1000901, u"计时工资单", 1, 16},
         {1000902, u"计件工资单", 1, 15},
     };
     for (const auto& expected : cases) {

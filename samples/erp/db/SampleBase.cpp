@@ -221,7 +221,7 @@ void fillSystemTables(sqlite3* connection) {
     types.add({classType::goods, "商品档案", "t_Goods"});
     types.add({classType::receipt, "收款单据", "t_RP_RBill"});
     types.add({classType::payment, "付款单据", "t_RP_PBill"});
-    types.add({classType::delivery, "销售发货单", "t_SO_Delivery"});
+    types.add({classType::delivery, "销售出库单", "t_SO_Delivery"});
     types.add({classType::voucher, "凭证", "t_GL_Voucher"});
     types.add({classType::hourlyWage, "计时工资单", "ICHourlywage"});
     types.add({classType::pieceWage, "计件工资单", "ICPiecewage"});

@@ -16,7 +16,7 @@ namespace classType {
 inline constexpr int goods = 1000101;      // 商品档案    t_Goods
 inline constexpr int receipt = 1000201;    // 收款单据    t_RP_RBill
 inline constexpr int payment = 1000202;    // 付款单据    t_RP_PBill
-inline constexpr int delivery = 1000301;   // 销售发货单  t_SO_Delivery
+inline constexpr int delivery = 1000301;   // 销售出库单  t_SO_Delivery
 inline constexpr int voucher = 1000801;    // 凭证        t_GL_Voucher
 inline constexpr int hourlyWage = 1000901; // 计时工资单  ICHourlywage
 inline constexpr int pieceWage = 1000902;  // 计件工资单  ICPiecewage
