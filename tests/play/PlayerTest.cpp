@@ -64,6 +64,20 @@ TEST(Player, GoesOnAfterAFailureAndKeepsItWhenALaterStepCannotBePlayed) {
     EXPECT_EQ(report.cannotPlay.substr(0, 45), "small: step 3: no property to be read \"Nothin");
 }
 
+TEST(Player, EndsAtADialogOrQuestionThatHasNoAnswer) {
+    const std::string ready =
+        R"({"set": "ShowScheme", "to": true}, {"set": "DataSrv", "to": 7}, {"call": "Initialize"}, )";
+    EXPECT_EQ(
+        playSmall(ready + R"({"click": "tlbProject", "button": "TLBSAVE"})").cannotPlay,
+        R"(small: step 4: the dialog frmSaveschame has no answer: queue one before with {"answer": {"dialog": ...}})");
+    EXPECT_EQ(playSmall(ready + R"({"answer": {"dialog": {"txtSchemeName": "a"}}},
+                                   {"click": "tlbProject", "button": "TLBSAVE"},
+                                   {"click": "tlbProject", "button": "TLBDEL"})")
+                  .cannotPlay,
+              R"(small: step 6: the question "是否要删除a?" has no answer: queue one before with {"answer": "yes"} or )"
+              R"({"answer": "no"})");
+}
+
 TEST(RecordingPrompts, ConfirmsBoxesWithoutAChoiceAndAnswersQuestionsInOrder) {
     RecordingPrompts prompts;
     prompts.queue(ui::MessageAnswer::yes);
