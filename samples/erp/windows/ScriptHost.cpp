@@ -6,6 +6,7 @@
 #include "erp/host/MemberObject.h"
 #include "erp/windows/ConditionTyping.h"
 #include "erp/windows/HostProcess.h"
+#include "support/Pieces.h"
 
 namespace orv::erp {
 
@@ -50,6 +51,17 @@ class ScriptHost final : public MemberObject {
                           .right = textOf(arguments[6]),
                           .logic = textOf(arguments[7])});
     }
+    Value text(Arguments arguments) {
+        std::u16string built;
+        const std::u16string units = textOf(arguments[0]);
+        for (std::ptrdiff_t n = 1;; ++n) {
+            const std::u16string_view unit = support::GetPiece(units, n, u" ");
+            if (unit.empty())
+                return built;
+            // Units above 7FFF read as negative 16-bit numbers.
+            built += static_cast<char16_t>(automation::toInt32(automation::Val(u"&H" + std::u16string(unit))));
+        }
+    }
     void answerLookUp(Arguments arguments) { hostOfProcess()->queueLookUp(textOf(arguments[0])); }
     void failNext(Arguments arguments) {
         hostOfProcess()->failNext(textOf(arguments[0]), textOf(arguments[1]), automation::toInt32(arguments[2].value()),
@@ -70,7 +82,7 @@ constexpr Member scriptMembers[] = {
     method<&ScriptHost::list>(u"List", 4),
     method<&ScriptHost::fillRow>(u"FillRow", 8),
     method<&ScriptHost::answerLookUp>(u"AnswerLookUp", 1),
-    method<&ScriptHost::failNext>(u"FailNext", 4),
+    method<&ScriptHost::failNext>(u"FailNext", 4),       method<&ScriptHost::text>(u"Text", 1),
 };
 
 std::span<const Member> ScriptHost::members() const {

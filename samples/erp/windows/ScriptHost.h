@@ -13,6 +13,7 @@ namespace orv::erp {
 /// - `FillRow(filter, line, left, field, compare, value, right, logic)`: fills a line of the control's condition grid
 /// as
 ///   a user does, see fillConditionRow
+/// - `Text(units)`: the text of hexadecimal UTF-16 units with blanks between, for scripts in plain ASCII
 /// - `AnswerLookUp(number)`: chooses that record in the next look-up dialog
 /// - `FailNext(ProgID, member, number, description)`: makes that component's next call fail
 automation::ObjectRef makeScriptHost();
