@@ -1,0 +1,66 @@
+#pragma once
+
+#include <windows.h>
+
+#include <memory>
+
+namespace orv::windows {
+
+/// A window of our own class, or a common control with our procedure in front of its own. Owned by shared pointers: a
+/// message keeps its window object alive until it is handled, so a handler may do away with its own window.
+///
+/// No exception leaves a window procedure: what a handler throws goes to the debugger, the message counts as handled.
+class Window : public std::enable_shared_from_this<Window> {
+  public:
+    Window() = default;
+    Window(const Window&) = delete;
+    Window& operator=(const Window&) = delete;
+    virtual ~Window();
+
+    /// Null before it is created and once it is destroyed.
+    HWND hwnd() const noexcept { return hwnd_; }
+    void destroy() noexcept;
+
+    /// The object of a window of ours; null for any other window.
+    static std::shared_ptr<Window> of(HWND hwnd) noexcept;
+
+  protected:
+    struct Creation {
+        const wchar_t* controlClass = nullptr; ///< a common control; null for a window of our own class
+        DWORD style = WS_CHILD;
+        DWORD exStyle = 0;
+        HWND parent = nullptr;
+        RECT bounds{};
+    };
+    /// AutomationError 7 (out of memory) when the system refuses.
+    void create(const Creation& how);
+    virtual LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) { return pass(message, wParam, lParam); }
+    /// The focus has come to this window or one within it, or has left it for the window `to` (null for none).
+    virtual void onFocus(bool has, HWND to);
+    /// What the control's own procedure, or the system's usual one, does with a message.
+    LRESULT pass(UINT message, WPARAM wParam, LPARAM lParam);
+
+  private:
+    static void tellAncestors(HWND hwnd, bool has, HWND other);
+    static LRESULT CALLBACK procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
+
+    HWND hwnd_ = nullptr;
+    WNDPROC control_ = nullptr;
+};
+
+/// Messages that a control sends to its parent come back to the control itself with this added.
+inline constexpr UINT reflected = WM_USER + 0x1C00;
+
+/// A window that reflects the notifications of its child controls.
+class ContainerWindow : public Window {
+  protected:
+    LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
+};
+
+/// Whether a window is `ancestor`, a child of it at any depth or a popup that one of these owns.
+bool isWithin(HWND ancestor, HWND window) noexcept;
+
+/// The module that this code is in.
+HINSTANCE thisModule() noexcept;
+
+} // namespace orv::windows
