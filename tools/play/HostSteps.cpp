@@ -55,6 +55,10 @@ void checkKeys(const Json& object, std::size_t count, const char* what) {
 
 } // namespace
 
+void logOnStep(Session& session, const Json& step, StepOutcome&) {
+    session.logOn(textOf(step, "logOn"));
+}
+
 void answerStep(Session& session, const Json& step, StepOutcome&) {
     const Json& answer = step["answer"];
     if (answer == "yes")

@@ -30,12 +30,22 @@ std::shared_ptr<erp::ErpHost> openHost(const Scenario& scenario) {
 
 } // namespace
 
-Session::Session(const Scenario& scenario)
-    : host_(openHost(scenario)), filter_(std::make_unique<control::Filter>(*host_, prompts_)) {
-    if (scenario.settings.is_null())
+Session::Session(const Scenario& scenario) : scenario_(scenario), host_(openHost(scenario)) {
+    openControl();
+}
+
+void Session::logOn(std::u16string props) {
+    filter_.reset();
+    host_->setProps(std::move(props));
+    openControl();
+}
+
+void Session::openControl() {
+    filter_ = std::make_unique<control::Filter>(*host_, prompts_);
+    if (scenario_.settings.is_null())
         return;
     const automation::Dictionary settings = host_->defaultSettings();
-    for (const auto& [key, entry] : scenario.settings.items())
+    for (const auto& [key, entry] : scenario_.settings.items())
         settings.set(automation::fromUtf8(key), toValue(entry, *host_));
     filter_->put_dctControl(settings);
 }

@@ -15,12 +15,16 @@ struct Scenario;
 class Session {
   public:
     /// Opens the host, creates the control and gives it its settings. ScenarioError when the host cannot be opened as
-    /// the scenario describes it.
+    /// the scenario, which must outlive the session, describes it.
     explicit Session(const Scenario& scenario);
 
     control::Filter& filter() noexcept { return *filter_; }
     erp::ErpHost& host() noexcept { return *host_; }
     RecordingPrompts& prompts() noexcept { return prompts_; }
+
+    /// Another user logs on and gets a control of his own, with the same settings, on the same host: `props` is his
+    /// user properties string.
+    void logOn(std::u16string props);
 
     /// The constituent control of that name ("chkPage(1)" for an element of an array); ScenarioError when there is
     /// none.
@@ -31,6 +35,9 @@ class Session {
     std::int32_t classTypeId();
 
   private:
+    void openControl();
+
+    const Scenario& scenario_;
     std::shared_ptr<erp::ErpHost> host_;
     RecordingPrompts prompts_;
     std::unique_ptr<control::Filter> filter_; // goes first: host and prompts must outlive it

@@ -26,6 +26,7 @@ void scrollStep(Session& session, const Json& step, StepOutcome& outcome);
 void showStep(Session& session, const Json& step, StepOutcome& outcome);
 
 // HostSteps.cpp: the surroundings of the control.
+void logOnStep(Session& session, const Json& step, StepOutcome& outcome);
 void answerStep(Session& session, const Json& step, StepOutcome& outcome);
 void failStep(Session& session, const Json& step, StepOutcome& outcome);
 void callsStep(Session& session, const Json& step, StepOutcome& outcome);

@@ -19,6 +19,7 @@ std::span<const Verb> verbs() {
         {"click", {"button", "menu"}, clickStep},
         {"scroll", {"to"}, scrollStep},
         {"show", {}, showStep},
+        {"logOn", {}, logOnStep},
         {"answer", {}, answerStep},
         {"fail", {}, failStep},
         {"calls", {}, callsStep},
