@@ -29,6 +29,8 @@ class Database::Connection {
         registerSqlFunctions(handle, &now);
         if (!Statement(handle, "SELECT name FROM sqlite_schema LIMIT 1").step())
             create(schema);
+        else
+            isNew = false;
         readCatalogue();
     }
 
@@ -41,6 +43,7 @@ class Database::Connection {
     }
 
     Catalogue catalogue;
+    bool isNew = true;
     Moment now = *makeMoment(2024, 2, 29, 10 * 3600 + 30 * 60);
 
   private:
@@ -113,6 +116,10 @@ Database Database::withSchema(std::span<const std::string_view> statements) {
 }
 Database::Database(Database&&) noexcept = default;
 Database& Database::operator=(Database&&) noexcept = default;
+
+bool Database::isNew() const noexcept {
+    return connection_->isNew;
+}
 Database::~Database() = default;
 
 ResultSet Database::query(std::u16string_view tsql, std::span<const Value> parameters) const {

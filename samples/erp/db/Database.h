@@ -36,6 +36,9 @@ class Database {
     Database& operator=(Database&&) noexcept;
     ~Database();
 
+    /// Whether opening it has created its tables.
+    bool isNew() const noexcept;
+
     /// Runs one SELECT. `parameters` stand for the statement's "?" in their order.
     ResultSet query(std::u16string_view tsql, std::span<const automation::Value> parameters = {}) const;
 

@@ -9,6 +9,7 @@
 #include "erp/host/DescribedTables.h"
 #include "erp/host/HostClock.h"
 #include "erp/host/ListQuery.h"
+#include "erp/host/ProfileSamples.h"
 #include "erp/metadata/Embedded.h"
 #include "support/Letters.h"
 
@@ -61,6 +62,8 @@ std::shared_ptr<ErpHost> ErpHost::open(const HostOptions& options) {
     const auto state = std::make_shared<HostState>(Database(options.databasePath));
     for (const EmbeddedFile& file : embeddedDescription())
         state->description.add(file.content, file.name);
+    if (state->database.isNew())
+        saveSampleSchemes(state->database);
     prepare(*state, options);
     return std::shared_ptr<ErpHost>(new ErpHost(state));
 }
