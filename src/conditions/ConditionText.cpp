@@ -25,12 +25,14 @@ std::u16string formatConditionText(const std::vector<ConditionRecord>& records) 
 std::vector<ConditionRecord> parseConditionText(std::u16string_view text) {
     std::vector<ConditionRecord> records;
     support::PieceReader reader(text, recordEnd);
-    for (std::u16string_view piece; reader.next(piece);) {
-        if (piece.empty())
-            continue; // what follows the last terminator
+    std::u16string_view piece;
+    while (reader.next(piece)) {
         const auto item = [piece](std::ptrdiff_t n) { return std::u16string(support::GetPiece(piece, n, itemEnd)); };
         records.push_back({item(1), item(2), item(3), item(4), item(5), item(6)});
     }
+    // A terminator closes the last record: what follows it is none.
+    if (!records.empty() && piece.empty())
+        records.pop_back();
     return records;
 }
 

@@ -6,6 +6,8 @@
 #include "control/FlagScope.h"
 #include "control/SchemeEntry.h"
 
+#include <algorithm>
+
 namespace orv::control {
 
 using automation::AutomationError;
@@ -22,10 +24,15 @@ bool isExclusive(const Collection& pages, int index) {
     return !type.isNull() && automation::toInt32(type) == exclusivePageType;
 }
 
-std::u16string pageCaption(const Collection& pages, std::int32_t page) {
+std::u16string pageCaption(const FilterState& state, const Collection& pages, std::int32_t page) {
     const Value name = pages.record(page).getValue(u"FName", Value());
     std::u16string caption = name.isEmpty() || name.isNull() ? std::u16string() : automation::toText(name);
-    return caption.empty() ? u"页面" + automation::numberToText(page) : caption;
+    return caption.empty() ? state.localisation.TranslateText(u"页面") + automation::numberToText(page) : caption;
+}
+
+/// How many of the first boxes are checked for good: the header's, and the only entry page's.
+int alwaysChecked(int boxes) {
+    return boxes == 2 ? 2 : std::min(boxes, 1);
 }
 
 /// At most one exclusive page is checked: checking one unchecks the others. The header is never touched.
@@ -50,7 +57,7 @@ void rebuildPageBoxes(FilterState& state) {
     state.pageSubscriptions.clear();
     boxes.resize(0);
     for (std::int32_t page = 1; page <= count; ++page) {
-        std::u16string caption = pageCaption(pages, page);
+        std::u16string caption = pageCaption(state, pages, page);
         ui::CheckBox& box = boxes.load();
         box.setCaption(std::move(caption));
         state.pageSubscriptions.push_back(box.click.subscribe([&state, index = static_cast<int>(page) - 1] {
@@ -73,7 +80,8 @@ void selectPages(FilterState& state, std::u16string_view pageList) {
     state.selectedPages = pageList;
     const metadata::PageSelection selection(pageList);
     auto& boxes = state.controls->chkPage;
-    for (int i = 0; i < boxes.count(); ++i)
+    // A box that always takes part stays checked: the user could not check it again.
+    for (int i = alwaysChecked(boxes.count()); i < boxes.count(); ++i)
         boxes(i).setValue(selection.contains(automation::numberToText(i + 1)) ? ui::CheckState::checked
                                                                               : ui::CheckState::unchecked);
 }

@@ -7,6 +7,7 @@
 
 namespace orv::schemes {
 
+using automation::AutomationError;
 using automation::Collection;
 using automation::Dictionary;
 using automation::Value;
@@ -32,16 +33,29 @@ void SchemeManager::fillList() {
     if (!host_.schemesInUse())
         return;
     const std::int32_t classTypeId = host_.classTypeId();
-    const Collection rows = storage_.list(classTypeId);
-    const std::u16string language = host_.texts().language();
-    const std::int32_t count = rows.count();
-    list_.clear(); // the component may have shown a window, and the list been filled under it
-    for (std::int32_t i = 1; i <= count; ++i) {
-        const Dictionary row = rows.record(i);
-        const SchemeTag tag{textOf(row, u"FSchemeID"), textOf(row, u"FUserID"), textOf(row, u"FIsShare")};
-        list_.addItem({u"S" + tag.id, shownSchemeName(textOf(row, u"FSchemeName"), language), tag.text(), {}});
+    try {
+        const Collection rows = storage_.list(classTypeId);
+        const std::u16string language = host_.texts().language();
+        const std::int32_t count = rows.count();
+        list_.clear(); // the component may have shown a window, and the list been filled under it
+        for (std::int32_t i = 1; i <= count; ++i) {
+            const Dictionary row = rows.record(i);
+            const SchemeTag tag{textOf(row, u"FSchemeID"), textOf(row, u"FUserID"), textOf(row, u"FIsShare")};
+            list_.addItem({u"S" + tag.id, shownSchemeName(textOf(row, u"FSchemeName"), language), tag.text(), {}});
+        }
+    } catch (const AutomationError& error) {
+        host_.log(error.description());
     }
-    const int lastUsed = list_.find(u"S" + storage_.lastUsed(classTypeId));
+    selectLastUsed(classTypeId);
+}
+
+void SchemeManager::selectLastUsed(std::int32_t classTypeId) {
+    int lastUsed = 0;
+    try {
+        lastUsed = list_.find(u"S" + storage_.lastUsed(classTypeId));
+    } catch (const AutomationError& error) {
+        host_.log(error.description());
+    }
     if (lastUsed > 0)
         list_.setSelected(lastUsed);
     else
@@ -66,8 +80,17 @@ bool SchemeManager::isUserSchemeSelected() const {
 
 void SchemeManager::applySelected() {
     const auto* item = list_.selectedItem();
-    if (item != nullptr)
-        applyEntry(storage_.load(wholeNumber(SchemeTag::parse(item->tag).id)));
+    if (item == nullptr)
+        return;
+    Dictionary entry;
+    try {
+        entry = storage_.load(wholeNumber(SchemeTag::parse(item->tag).id));
+    } catch (const AutomationError& error) {
+        // The grids keep what they show.
+        host_.log(error.description());
+        return;
+    }
+    applyEntry(entry);
 }
 
 void SchemeManager::applyEntry(const Dictionary& entry) {
@@ -98,9 +121,9 @@ SchemeManager::Target SchemeManager::selectedTarget() const {
 void SchemeManager::save(SaveMode mode, std::int32_t status) {
     const Target selected = selectedTarget();
     const bool isDefault = selected.name == defaultSchemeName;
-    if (!selected.tag.id.empty() && !isDefault) {
+    if (!selected.tag.id.empty()) {
         const std::u16string owner = storage_.ownerOfScheme(selected.tag.id);
-        if (!owner.empty() && !isCurrentUserName(owner)) {
+        if (!isDefault && !owner.empty() && !isCurrentUserName(owner)) {
             if (status != 1)
                 host_.messages().warnAround(u"不能覆盖", owner, u"设置的方案。");
             return;
@@ -158,7 +181,7 @@ void SchemeManager::saveTo(const Target& target, SaveMode mode, std::int32_t sta
         header_ = header;
         entry_ = entry;
         showSaved(target);
-    } catch (const automation::AutomationError& error) {
+    } catch (const AutomationError& error) {
         host_.log(error.description());
         host_.messages().warn(u"保存方案 [ %1 ] 失败！", target.name);
     }
@@ -244,14 +267,18 @@ void SchemeManager::deleteSelected() {
     bool deleted = false;
     try {
         deleted = storage_.remove(wholeNumber(tag.id));
-    } catch (const automation::AutomationError& error) {
+    } catch (const AutomationError& error) {
         host_.log(error.description());
     }
     if (!deleted) {
         host_.messages().warnAround(u"删除方案 [", name, u"] 失败！");
         return;
     }
-    if (const int position = findByText(name); position > 0)
+    // Another user's shared scheme may have the same name: the item that was selected goes, while it is still there.
+    int position = list_.find(u"S" + tag.id);
+    if (position == 0)
+        position = findByText(name);
+    if (position > 0)
         list_.removeItem(position);
     selectDefault();
 }
@@ -260,8 +287,14 @@ bool SchemeManager::saveLastUsed() {
     const auto* item = list_.selectedItem();
     if (item == nullptr)
         return false;
-    storage_.setLastUsed(host_.classTypeId(), SchemeTag::parse(item->tag).id);
-    return true;
+    const std::u16string id = SchemeTag::parse(item->tag).id;
+    try {
+        storage_.setLastUsed(host_.classTypeId(), id);
+        return true;
+    } catch (const AutomationError& error) {
+        host_.log(error.description());
+        return false;
+    }
 }
 
 void SchemeManager::release() {

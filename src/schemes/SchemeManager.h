@@ -45,9 +45,11 @@ class SchemeManager {
     /// All must outlive the manager.
     SchemeManager(ui::ListView& lvwProject, SchemeHost& host);
 
-    /// Fills the list and selects the scheme used last, else the default scheme, else the first. Raises what fails.
+    /// Fills the list and selects the scheme used last, else the default scheme, else the first. Failures of the
+    /// profile components are logged: the list then has no items, or no scheme counts as used last.
     void fillList();
-    /// Loads the selected scheme and lays it on the grids; nothing without a selection.
+    /// Loads the selected scheme and lays it on the grids; nothing without a selection. A scheme that cannot be loaded
+    /// is logged; raises what fails on the grids.
     void applySelected();
     /// Whether a scheme other than the default one is selected.
     bool isUserSchemeSelected() const;
@@ -59,7 +61,7 @@ class SchemeManager {
     /// Saves by the ownership and overwrite rules.
     void save(SaveMode mode, std::int32_t status);
     void deleteSelected();
-    /// Stores the selected scheme as the one used last; False without a selection.
+    /// Stores the selected scheme as the one used last; False without a selection, or when it could not be stored.
     bool saveLastUsed();
 
     /// A new header record for the selected scheme.
@@ -84,6 +86,7 @@ class SchemeManager {
     automation::Dictionary makeHeader(const Target& target, std::int32_t status);
     void showSaved(const Target& target);
     int findByText(std::u16string_view text) const;
+    void selectLastUsed(std::int32_t classTypeId);
     void selectDefault();
 
     ui::ListView& list_;
