@@ -45,10 +45,12 @@ std::u16string ConditionGrid::conditionText() const {
         const std::u16string& value = grid_.text(column::value, row);
         if (isValueList(grid_, row))
             record.value = automation::numberToText(grid_.comboSelection(column::value, row));
-        else if (isDateTime(*field) && grid_.cellType(column::value, row) == CellType::date)
+        else if (grid_.cellType(column::value, row) != CellType::date)
+            record.value = value;
+        else if (isDateTime(*field))
             record.value = conditions::dateTimeValue(value, grid_.text(column::valueTime, row));
         else
-            record.value = value;
+            record.value = conditions::dateValue(value);
         record.right = grid_.text(column::right, row);
         record.logic = grid_.text(column::logic, row);
         records.push_back(std::move(record));
@@ -92,12 +94,17 @@ void ConditionGrid::loadRecord(const ConditionRecord& record, std::int32_t posit
     comboSelectionChange(column::comparison, row);
     if (isValueList(grid_, row)) {
         grid_.setComboSelection(column::value, row, automation::roundToInt32(automation::Val(record.value)));
-    } else if (grid_.cellType(column::value, row) == CellType::date && isDateTime(*field)) {
+    } else if (grid_.cellType(column::value, row) == CellType::date) {
+        // A text that is no date leaves a date-time empty; any other date cell takes it as it is.
         const bool isDate = automation::isDate(record.value);
+        const bool hasTime = isDateTime(*field);
         grid_.setText(column::value, row,
-                      isDate ? support::FormatDateText(record.value, u"MMDDYYYY") : std::u16string());
-        grid_.setText(column::valueTime, row,
-                      isDate ? support::FormatDateText(record.value, u"HHMMSS") : std::u16string());
+                      isDate    ? support::FormatDateText(record.value, u"MMDDYYYY")
+                      : hasTime ? std::u16string()
+                                : record.value);
+        if (hasTime)
+            grid_.setText(column::valueTime, row,
+                          isDate ? support::FormatDateText(record.value, u"HHMMSS") : std::u16string());
     } else {
         grid_.setText(column::value, row, record.value);
     }
