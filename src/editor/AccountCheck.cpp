@@ -32,7 +32,8 @@ void AccountCheck::cellChanged(int column, int row) {
         automation::call(service, u"ExistenceCheck", account, Missing{}, Missing{}, Missing{}, props));
     if (id <= 0 || automation::toBoolean(automation::call(service, u"HaveRightCheck", id, props)))
         return;
-    host_.messages().warnAround(u"您暂无", account, u"科目权限，请系统管理员授权后再进入！");
+    const std::u16string value = grid_.text(column::value, row); // as the cell has it now, hidden key included
+    host_.messages().warnAround(u"您暂无", value, u"科目权限，请系统管理员授权后再进入！");
     grid_.setText(column::value, row, u"");
 }
 

@@ -119,17 +119,23 @@ void ConditionGrid::fieldChanged(int row) {
     if (!catalogue)
         throw AutomationError::runtime(automation::errorNumber::objectNotSet);
     const FieldRef field = catalogue->field(position);
+    // Read before the line's record is taken: the host may drop or grow the rows while it answers.
+    const std::int32_t colType = field->number(fieldKey::colType);
+    std::u16string key = field->text(fieldKey::key);
+    std::u16string name = field->text(fieldKey::fieldNameExt);
+    CellFormat valueFormat = textCellFormat(*field);
     ConditionRow& record = grow(row);
     record.HDict = field;
-    record.FColType = field->number(fieldKey::colType);
-    record.FFieldKey = field->text(fieldKey::key);
-    record.FFieldName = field->text(fieldKey::fieldNameExt);
+    record.FColType = colType;
+    record.FFieldKey = std::move(key);
+    record.FFieldName = std::move(name);
     record.FCompareDct.reset();
     record.FCompare.clear();
     record.FCompareIndex.reset();
     grid_.setComboList(column::comparison, row, u"");
     grid_.setText(column::comparison, row, u"");
     resetValueArea(row);
+    grid_.setFormat(column::value, row, std::move(valueFormat)); // stays where the field has no comparison
     fillComparisons(row, field->value(fieldKey::condition));
     grid_.setActiveCell(column::value, row);
 }

@@ -1,5 +1,6 @@
 #include "editor/ValueCell.h"
 
+#include "conditions/DateKeywords.h"
 #include "conditions/TypeClasses.h"
 #include "support/Letters.h"
 
@@ -29,10 +30,6 @@ bool takesPattern(const CompareEntry& entry) {
     return operation == u"LIKE" || operation == u"NOT LIKE";
 }
 
-bool takesDayCount(const CompareEntry& entry) {
-    return entry.FValue == u"TODAYBEFORE" || entry.FValue == u"TODAYAFTER";
-}
-
 CellFormat dayCountFormat() {
     CellFormat format;
     format.type = CellType::wholeNumber;
@@ -60,7 +57,9 @@ CellFormat numberFormat(const FieldRecord& field, const DecimalPlaces& places) {
     return format;
 }
 
-CellFormat textFormat(const FieldRecord& field) {
+} // namespace
+
+CellFormat textCellFormat(const FieldRecord& field) {
     CellFormat format;
     const std::int32_t control = field.number(fieldKey::ctlType);
     if (control == 1 || control == 999) {
@@ -70,17 +69,15 @@ CellFormat textFormat(const FieldRecord& field) {
     return format;
 }
 
-} // namespace
-
 ValueCellShape shapeValueCell(const CompareEntry& entry, const FieldRecord& field, const DecimalPlaces& places) {
     ValueCellShape shape;
-    if (takesDayCount(entry)) {
+    if (conditions::takesDayCount(conditions::dateKeyword(entry.FValue))) {
         shape.format = dayCountFormat();
         return shape;
     }
     if (entry.FInput && takesSeveralValues(entry))
         return shape;
-    shape.format = textFormat(field);
+    shape.format = textCellFormat(field);
     if (!entry.FInput)
         return shape;
     if (entry.FInputCtlType == u"1") {

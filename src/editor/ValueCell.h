@@ -39,6 +39,9 @@ struct ValueCellShape {
 ValueCellShape shapeValueCell(const conditions::CompareEntry& entry, const metadata::FieldRecord& field,
                               const DecimalPlaces& places);
 
+/// The plain edit cell of a field, with the edit length that the field states.
+ui::CellFormat textCellFormat(const metadata::FieldRecord& field);
+
 /// Background of a value cell that is ready for input (0x00BBGGRR).
 inline constexpr std::uint32_t valueCellColor = 0xE8FDFD;
 /// The earliest date of a date cell, as the grid stores dates.

@@ -26,7 +26,7 @@ class ConditionGridTest : public ConditionGridFixture {
         fields.field({{u"FKey", u"FBillNo"}, {u"FCaption", u"单据号"}, {u"FCondition", u"text"}, {u"FCtlType", 999}})
             .field({{u"FKey", u"FDate"}, {u"FColType", 0}, {u"FCondition", u"date"}})
             .field({{u"FKey", u"FTime"}, {u"FColType", 0}, {u"FCondition", u"date"}, {u"FSourceType", 13}})
-            .field({{u"FKey", u"FMute"}, {u"FCondition", u"none"}})
+            .field({{u"FKey", u"FMute"}, {u"FCondition", u"none"}, {u"FCtlType", 1}, {u"FEditLen", 5}})
             .field({{u"FKey", u"FLost"}, {u"FCondition", u"gone"}});
         offer(fields);
     }
@@ -118,6 +118,7 @@ TEST_F(ConditionGridTest, AFieldWithoutComparisonsOrWithAFailingServiceLeavesThe
     grid.userChoose(2, 1, 4);
     EXPECT_TRUE(grid.comboItems(3, 1).empty());
     EXPECT_EQ(grid.cellBackColor(4, 1), std::nullopt);
+    EXPECT_EQ(grid.format(4, 1).maxLength, 5) << "the field's edit length holds all the same";
     EXPECT_TRUE(logged.empty());
     grid.userChoose(2, 2, 5);
     EXPECT_EQ(logged, std::vector<std::string>{"unknown set"});
@@ -320,6 +321,12 @@ TEST(ValueCell, TakesItsShapeFromComparisonAndField) {
         {"raw type", comparison(u"=", u"0"), {{u"FColType", 501}}},
         {"days before today",
          comparison(u" BETWEEN ", u"0", u"", u"TODAYBEFORE"),
+         {{u"FColType", 0}},
+         Area::wide,
+         List::none,
+         CellType::wholeNumber},
+        {"days after today, in small letters",
+         comparison(u" BETWEEN ", u"0", u"", u"todayafter"),
          {{u"FColType", 0}},
          Area::wide,
          List::none,
