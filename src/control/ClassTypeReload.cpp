@@ -44,15 +44,16 @@ void rebuildFilterPanel(FilterState& state) {
         const std::u16string list = field->text(fieldKey::filterPanel);
         if (list.empty())
             continue;
+        std::u16string heading = field->text(fieldKey::caption); // first: the host may rebuild the panel meanwhile
         ui::Label& label = labels.load();
-        label.setCaption(field->text(fieldKey::caption));
+        label.setCaption(std::move(heading));
         label.setTag(automation::numberToText(position));
         ui::ComboBox& box = boxes.load();
         std::u16string_view rest = list;
         while (!rest.empty()) {
             const std::u16string_view item = rest.substr(0, rest.find(u','));
-            const std::u16string_view caption = item.substr(0, item.find(u';'));
-            box.addItem(support::PadItem(caption, item.substr(std::min(caption.size() + 1, item.size()))));
+            const std::u16string_view shown = item.substr(0, item.find(u';'));
+            box.addItem(support::PadItem(shown, item.substr(std::min(shown.size() + 1, item.size()))));
             rest.remove_prefix(std::min(item.size() + 1, rest.size()));
         }
         box.setListIndex(0);

@@ -80,6 +80,11 @@ void wireEvents(FilterState& state) {
     wiring.on(controls.cmdDelAll.click, [&state] { state.conditionGrid.clearAll(); });
     for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
         wiring.on(controls.cmdHide(i).click, [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
+    wiring.on(controls.vsHideColumn.click, [&state, &controls](int, int) {
+        for (const HideButton move : {HideButton::up, HideButton::down})
+            if (state.columnGrid.currentRow() != 0)
+                controls.cmdHide(static_cast<int>(move)).setEnabled(true);
+    });
     wiring.on(controls.lvwProject.itemClick, [&state] { state.schemeManager.applySelected(); });
     wiring.on(controls.tlbProject.buttonClick,
               [&state](const std::u16string& key) { state.schemeManager.toolbarClick(key); });

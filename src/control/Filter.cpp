@@ -172,8 +172,11 @@ Value Filter::SaveScheme() {
 bool Filter::GetSortString(std::u16string& HeadSort, std::u16string& EntrySort) {
     state_->provideKeyMaps();
     const auto catalogue = state_->catalogue();
-    sortcols::appendSortStrings(state_->controls->vsOrder, state_->sortGrid, *catalogue, state_->allKeys,
-                                state_->idKeys, HeadSort, EntrySort);
+    // The maps of this call, whatever the host makes of the control's meanwhile.
+    const Dictionary allKeys = state_->allKeys;
+    const Dictionary idKeys = state_->idKeys;
+    sortcols::appendSortStrings(state_->controls->vsOrder, state_->sortGrid, *catalogue, allKeys, idKeys, HeadSort,
+                                EntrySort);
     return true;
 }
 

@@ -123,17 +123,18 @@ void FilterState::takeDataService(ObjectRef service) {
     comparisons_.reset();
     allKeys = Dictionary();
     idKeys = Dictionary();
-    // A failing property ends the hand-over; what was read before it stays.
-    const auto read = [&service](std::u16string_view name) {
-        return automation::toObjectOrNothing(automation::get(service, name));
+    // A failing property ends the hand-over; what was read before it stays. Whatever was built while the host answered
+    // saw a mixture of tables.
+    const auto read = [&](std::u16string_view name) {
+        ObjectRef table = automation::toObjectOrNothing(automation::get(service, name));
+        catalogue_.reset();
+        comparisons_.reset();
+        return table;
     };
     selectList = Collection(read(u"SelectList"));
     classTypeEntries = Collection(read(u"ClassTypeEntry"));
     tableInfo = Dictionary(read(u"TableInfo"));
     classType = Dictionary(read(u"ClassType"));
-    // Whatever was built while the host answered saw a mixture of tables.
-    catalogue_.reset();
-    comparisons_.reset();
 }
 
 void FilterState::releaseObjects() {

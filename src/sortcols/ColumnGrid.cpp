@@ -122,10 +122,12 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
 void ColumnGrid::checkWidth(int row, bool& cancel) {
     if (grid_.number(widthColumn, row) <= maximumWidth)
         return;
+    cancel = true;
     warn_(u"列的宽度不应该大于150毫米，请重新输入。");
+    if (row > grid_.maxRows())
+        return; // the host has filled the grid anew while the message stood
     grid_.setText(widthColumn, row, automation::numberToText(maximumWidth));
     grid_.setEditMode(true);
-    cancel = true;
 }
 
 void ColumnGrid::moveUp() {

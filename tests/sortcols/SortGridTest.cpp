@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
+
 namespace orv::sortcols {
 namespace {
 
@@ -114,7 +116,11 @@ class ColumnGridTest : public testing::Test {
     automation::Dictionary access = tests::record({{u"COST", 0}, {u"OTHER", 1}});
     std::vector<std::u16string> warnings;
     ui::Spread grid{u"vsHideColumn"};
-    ColumnGrid columns{grid, [this](std::u16string_view text) { warnings.emplace_back(text); }};
+    std::function<void()> whileWarned = [] {}; ///< what the host does while the message box stands
+    ColumnGrid columns{grid, [this](std::u16string_view text) {
+                           warnings.emplace_back(text);
+                           whileWarned();
+                       }};
 };
 
 TEST_F(ColumnGridTest, ListsTheFieldsThatTheUserMaySee) {
@@ -147,6 +153,16 @@ TEST_F(ColumnGridTest, RefusesWidthsAbove150) {
     EXPECT_EQ(grid.text(ColumnGrid::widthColumn, 1), u"150");
     EXPECT_TRUE(grid.editMode());
     EXPECT_EQ(grid.activeCell(), (ui::CellRef{ColumnGrid::widthColumn, 1}));
+}
+
+TEST_F(ColumnGridTest, SurvivesAHostThatFillsTheGridAnewWhileTheWarningStands) {
+    fill(u",1,2,3,");
+    grid.userMoveTo(ColumnGrid::widthColumn, 3);
+    grid.userType(ColumnGrid::widthColumn, 3, u"151");
+    whileWarned = [this] { fill(u",1,"); };
+    EXPECT_FALSE(grid.userMoveTo(1, 1));
+    EXPECT_EQ(keys(), "FBillNo ");
+    EXPECT_EQ(grid.text(ColumnGrid::widthColumn, 1), u"17.64") << "the row that was too wide is gone";
 }
 
 TEST_F(ColumnGridTest, MovesRowsWithAllTheirCells) {
