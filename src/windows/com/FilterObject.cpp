@@ -106,9 +106,22 @@ HRESULT FilterObject::answer(Out* out, Body&& body) noexcept {
     return run([&] { *out = given(body()); });
 }
 
-FilterObject::FilterObject() : prompts_(nullptr), filter_(factory_, prompts_) {}
+FilterObject::FilterObject()
+    : site_(*identity()), prompts_(site_), filter_(factory_, prompts_), embedding_(site_, filter_) {}
 
 FilterObject::~FilterObject() = default;
+
+HRESULT FilterObject::QueryInterface(REFIID id, void** out) noexcept {
+    if (SUCCEEDED(ComObject::QueryInterface(id, out)))
+        return S_OK;
+    if (!out)
+        return E_POINTER;
+    *out = embedding_.find(id);
+    if (!*out)
+        return E_NOINTERFACE;
+    AddRef();
+    return S_OK;
+}
 
 HRESULT FilterObject::get_m_JCType(VARIANT_BOOL* value) noexcept {
     return answer(value, [&] { return filter_.get_m_JCType(); });
@@ -149,7 +162,10 @@ HRESULT FilterObject::put_ShowScheme(VARIANT_BOOL value) noexcept {
 }
 
 HRESULT FilterObject::put_ShowFilterStyle(Enu_ShowFilter_Style value) noexcept {
-    return run([&] { filter_.put_ShowFilterStyle(static_cast<std::int32_t>(value)); });
+    return run([&] {
+        filter_.put_ShowFilterStyle(static_cast<std::int32_t>(value));
+        embedding_.design().noteDisplayStyle(static_cast<std::int32_t>(value));
+    });
 }
 
 HRESULT FilterObject::put_DataSrv(IDispatch* value) noexcept {

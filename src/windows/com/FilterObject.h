@@ -4,7 +4,8 @@
 #include "windows/com/ComObject.h"
 #include "windows/com/ComObjectFactory.h"
 #include "windows/com/IFilterControls.h"
-#include "windows/com/MessageBoxPrompts.h"
+#include "windows/ole/Embedding.h"
+#include "windows/ole/HostPrompts.h"
 
 #include <ORVFilter.h>
 
@@ -21,10 +22,13 @@ struct Extends<IProvideClassInfo2> {
     using type = IProvideClassInfo;
 };
 
-/// The COM face of the control: the dual interface over control::Filter. It holds no rule of the system.
+/// The COM face of the control: the dual interface over control::Filter, and its embedding. It holds no rule of the
+/// system.
 class FilterObject final : public ComObject<_Filter, ISupportErrorInfo, IProvideClassInfo2, IFilterControls> {
   public:
     FilterObject();
+
+    HRESULT STDMETHODCALLTYPE QueryInterface(REFIID id, void** out) noexcept override;
 
     // IDispatch
     HRESULT STDMETHODCALLTYPE GetTypeInfoCount(UINT* count) noexcept override;
@@ -90,8 +94,10 @@ class FilterObject final : public ComObject<_Filter, ISupportErrorInfo, IProvide
     HRESULT answer(Out* out, Body&& body) noexcept;
 
     ComObjectFactory factory_;
-    MessageBoxPrompts prompts_;
+    OleSite site_;
+    HostPrompts prompts_;
     control::Filter filter_;
+    Embedding embedding_;
 };
 
 } // namespace orv::windows

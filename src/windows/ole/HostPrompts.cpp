@@ -1,0 +1,45 @@
+#include "windows/ole/HostPrompts.h"
+
+namespace orv::windows {
+
+namespace {
+
+/// The time for which a modal window is open.
+class ModalTime {
+  public:
+    explicit ModalTime(const OleSite& site) : control_(ComPtr<IUnknown>::copyFrom(&site.control)), frame_(site.frame) {
+        if (frame_)
+            frame_->EnableModeless(FALSE);
+    }
+    ModalTime(const ModalTime&) = delete;
+    ModalTime& operator=(const ModalTime&) = delete;
+    ~ModalTime() {
+        if (frame_)
+            frame_->EnableModeless(TRUE);
+    }
+
+  private:
+    // The user may close the form behind the box: control and frame stay until the box has gone.
+    ComPtr<IUnknown> control_;
+    ComPtr<IOleInPlaceFrame> frame_;
+};
+
+} // namespace
+
+HostPrompts::HostPrompts(OleSite& site) : site_(site), boxes_([&site] { return site.topWindow(); }) {}
+
+ui::MessageAnswer HostPrompts::message(const std::u16string& text, std::int32_t style, const std::u16string& title) {
+    const ModalTime modal(site_);
+    return boxes_.message(text, style, title);
+}
+
+void HostPrompts::showModal(ui::Dialog& dialog) {
+    const ModalTime modal(site_);
+    boxes_.showModal(dialog);
+}
+
+void HostPrompts::log(const std::u16string& text) {
+    boxes_.log(text);
+}
+
+} // namespace orv::windows
