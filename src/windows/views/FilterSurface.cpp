@@ -2,6 +2,7 @@
 
 #include "control/Filter.h"
 #include "windows/views/SurfaceColor.h"
+#include "windows/views/UsualColumns.h"
 
 #include <commctrl.h>
 
@@ -53,6 +54,7 @@ void FilterSurface::open(HWND parent, const RECT& bounds) {
     subscriptions_.push_back(controls.PicPan.changed.subscribe(later));
     // Whatever rebuilds the arrays of boxes fills the grids' lists anew.
     subscriptions_.push_back(controls.vsFilter.cellUpdated.subscribe(laterAt));
+    setUsualColumns(controls);
     layOut();
     matchViews();
     ShowWindow(hwnd(), SW_SHOWNA);

@@ -1,0 +1,31 @@
+#pragma once
+
+#include "windows/views/GridLayout.h"
+
+namespace orv::windows {
+
+struct GridLook {
+    HFONT font = nullptr;
+    int dpi = 96;
+    bool focused = false;
+    bool enabled = true;
+};
+
+/// Draws the part of a grid that meets `clip`. `origin` is where the grid's client area begins on the device.
+void paintGrid(HDC dc, POINT origin, const RECT& clip, const ui::Spread& grid, const GridLayout& layout,
+               const GridLook& look);
+
+/// The part of a combo or date cell that opens its list.
+RECT arrowRect(const RECT& cell, int dpi) noexcept;
+
+/// Whether a cell has a list or calendar to open.
+bool opensPopup(const ui::Spread& grid, int column, int row);
+
+/// What a cell shows: captions without their keys, dates and times in their shown form.
+std::u16string shownInCell(const ui::Spread& grid, int column, int row);
+
+/// The header cells that are drawn as one: those above cells that the first row spans, when no other has a text of its
+/// own.
+ui::CellSpan headerBlock(const ui::Spread& grid, int column);
+
+} // namespace orv::windows
