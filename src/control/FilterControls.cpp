@@ -21,6 +21,7 @@ FilterControls::FilterControls() {
     tlbProject.addButton({u"TLBDEL", u"删除", u"删除", true, {}});
     tlbProject.addButton({u"TLBCLEAR", u"清除", u"清除", true, {}});
     tlbProject.addButton({u"TLBVIEW", u"视图", u"视图", true, {}});
+    lvwProject.setColumnHeaders({u"方案名称"});
     tbFilter.addTab(u"Filter", u"条件");
     tbFilter.addTab(u"Sort", u"排序");
     tbFilter.addTab(u"HideSet", u"显示隐藏列");
