@@ -6,6 +6,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <optional>
 
 // Any call that the control makes may run host code that calls the control again. Each test below plays one session
 // over and over, and has the host strike at the first call, the second, and so on through all of them.
@@ -18,15 +19,20 @@ using automation::ObjectRef;
 using automation::Value;
 using control::Filter;
 
-/// Strikes once, before the call of a given number.
+/// Strikes once, before the call of a given number; may fail that call, or spoil its answer.
 struct Strike {
     int calls = 0;
     int at = 0;
     std::function<void()> action;
+    std::optional<Value> spoiled;
 
-    void called() {
-        if (++calls == at)
+    /// True when this call's answer is the spoiled one.
+    bool called() {
+        if (++calls != at)
+            return false;
+        if (action)
             action();
+        return spoiled.has_value();
     }
 };
 
@@ -36,7 +42,8 @@ class Watched final : public automation::Object {
     Watched(ObjectRef inner, Strike& strike) : inner_(std::move(inner)), strike_(strike) {}
 
     Value invoke(std::u16string_view member, automation::InvokeKind kind, automation::Arguments args) override {
-        strike_.called();
+        if (strike_.called())
+            return *strike_.spoiled;
         return watch(inner_->invoke(member, kind, args), strike_);
     }
     static Value watch(Value value, Strike& strike) {
@@ -65,12 +72,18 @@ class WatchedFactory final : public automation::ObjectFactory {
     Strike& strike_;
 };
 
-class Silent final : public ui::Prompts {
+/// A message box pumps messages: while it stands, the host may do anything.
+class WatchedPrompts final : public ui::Prompts {
   public:
+    explicit WatchedPrompts(Strike& strike) : strike_(strike) {}
     ui::MessageAnswer message(const std::u16string&, std::int32_t, const std::u16string&) override {
+        strike_.called();
         return ui::MessageAnswer::ok;
     }
     void log(const std::u16string&) override {}
+
+  private:
+    Strike& strike_;
 };
 
 constexpr const char* hostDescription = R"({
@@ -144,6 +157,21 @@ class Reentry : public ::testing::Test {
             grid.userKeyDown(ui::key::f7, 0);
         });
         host_->clearLookUps();
+        attempt([&] { // a wrong value, a line without a field, a column too wide: each is told in a message box
+            grid.userChoose(2, 4, 2);
+            std::u16string text;
+            filter.GetFilterSql(text);
+        });
+        attempt([&] {
+            grid.userChoose(1, 5, 1);
+            grid.setActiveCell(2, 5);
+            grid.userMoveTo(2, 1);
+        });
+        attempt([&] {
+            controls.vsHideColumn.setActiveCell(4, 2);
+            controls.vsHideColumn.userType(4, 2, u"151");
+            controls.vsHideColumn.userMoveTo(1, 1);
+        });
     }
 
     /// The control as good as new: one condition, its text.
@@ -157,22 +185,33 @@ class Reentry : public ::testing::Test {
             grid.userChoose(2, row, 0);
         grid.userChoose(2, 1, 1);
         grid.userType(4, 1, u"B");
-        filter.controls().cboTime.userSelect(3);
+        control::FilterControls& controls = filter.controls();
+        for (ui::ComboBox* option : {&controls.cboTime, &controls.cboCheck, &controls.cboPost})
+            option->setListIndex(option->count() - 1);
         std::u16string text;
         filter.GetFilterSql(text, true);
         return utf8(text);
     }
 
+    using Arm = std::function<void(Strike&, Filter&, WatchedFactory&)>;
+
+    /// The host calls the control again; what goes wrong in that is its own business.
     static void strikeAtEveryCall(const std::function<void(Filter&, WatchedFactory&)>& action) {
+        playArmed([&action](Strike& strike, Filter& filter, WatchedFactory& factory) {
+            strike.action = [&] { attempt([&] { action(filter, factory); }); };
+        });
+    }
+
+    static void playArmed(const Arm& arm) {
         int last = 1;
         for (int at = 1; at <= last; ++at) {
             Strike strike;
-            Silent prompts;
+            WatchedPrompts prompts(strike);
             WatchedFactory factory(*host_, strike);
             Filter filter(factory, prompts);
             strike.at = strike.calls + at;
             const int before = strike.calls;
-            strike.action = [&] { attempt([&] { action(filter, factory); }); };
+            arm(strike, filter, factory);
             playSession(filter, factory);
             if (at == 1)
                 last = strike.calls - before;
@@ -206,6 +245,20 @@ TEST_F(Reentry, ResultsInsideAnyCall) {
         filter.get_m_Header();
         filter.InitHideColumns();
     });
+}
+
+TEST_F(Reentry, AFailureOfAnyCall) {
+    playArmed([](Strike& strike, Filter&, WatchedFactory&) {
+        strike.action = [] { throw AutomationError(4711, u"host", u"broken"); };
+    });
+}
+
+TEST_F(Reentry, AnAnswerOfTheWrongKindToAnyCall) {
+    const Value answers[] = {automation::Null{}, u"x", ObjectRef()};
+    for (const Value& answer : answers) {
+        SCOPED_TRACE(answer.storage().index());
+        playArmed([&answer](Strike& strike, Filter&, WatchedFactory&) { strike.spoiled = answer; });
+    }
 }
 
 } // namespace
