@@ -53,7 +53,8 @@ void applyRelationExt(FilterState& state, std::u16string_view list) {
 
 /// An index beyond the list selects its last item, which is "all".
 void applyOption(ui::ComboBox& box, const std::u16string& stored) {
-    const double index = automation::Val(stored);
+    // What is no number must not narrow the list: it counts as "all", too.
+    const double index = automation::isNumeric(stored) ? automation::Val(stored) : -1;
     box.setListIndex(index >= 0 && index < box.count() ? static_cast<int>(index) : box.count() - 1);
 }
 

@@ -207,8 +207,14 @@ void ConditionGrid::applyShape(const ValueCellShape& shape, const CompareEntry& 
         items = BuildValueList(entry, field, source, &failure);
         if (!failure.empty())
             host_.log(failure);
-        if (items.empty() && shape.list == ValueCellShape::List::items)
-            items = BuildLookupValueList(field, source);
+        if (items.empty() && shape.list == ValueCellShape::List::items) {
+            try {
+                items = BuildLookupValueList(field, source);
+            } catch (const AutomationError& error) {
+                // Without its list the cell takes typed text; a scheme that is being loaded goes on.
+                host_.log(error.description());
+            }
+        }
     }
 
     // What the user typed survives a change between comparisons that take the same kind of text.
