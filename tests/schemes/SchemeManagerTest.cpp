@@ -77,6 +77,7 @@ class Tier final : public automation::ObjectFactory {
     std::vector<std::string> queries;
     std::vector<std::string> saved; ///< headers, as "key=value" items in their order
     std::vector<std::int32_t> deleted;
+    bool deletes = true; ///< the answer to a deletion
 
   private:
     Value profile(std::u16string_view member, Arguments arguments) {
@@ -88,7 +89,7 @@ class Tier final : public automation::ObjectFactory {
             return save(arguments);
         if (member == u"DelProfile") {
             deleted.push_back(automation::toInt32(arguments[1].value()));
-            return true;
+            return deletes;
         }
         throw automation::AutomationError::runtime(automation::errorNumber::memberNotFound);
     }
@@ -254,6 +255,14 @@ TEST(SchemeManager, DeletesTheSelectedOfTwoSchemesWithOneName) {
     EXPECT_GT(bench.list.find(u"S4"), 0) << "the other user's scheme stays";
     EXPECT_EQ(bench.list.find(u"S6"), 0);
     EXPECT_EQ(bench.selectedTag(), "1|1|0");
+}
+
+TEST(SchemeManager, TellsWhenTheComponentDoesNotDelete) {
+    Bench bench({{6, u"月报", 1}});
+    bench.tier.deletes = false;
+    bench.manager.deleteSelected();
+    EXPECT_EQ(bench.shown, (Texts{"是否要删除月报?/68", "删除方案 [月报] 失败！/48"}));
+    EXPECT_EQ(bench.selectedTag(), "6|1|0");
 }
 
 TEST(SchemeManager, NeverDeletesTheDefaultSchemeUnderAnyName) {
