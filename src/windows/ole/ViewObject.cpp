@@ -61,6 +61,8 @@ HRESULT ViewObject::Draw(DWORD aspect, LONG, void*, DVTARGETDEVICE*, HDC, HDC dc
             look.font.lfHeight = MulDiv(look.font.lfHeight, dpi, look.dpi);
             look.dpi = dpi;
         }
+        // The control is laid out at no less than its smallest size, whatever the rectangle's.
+        IntersectClipRect(dc, where.left, where.top, where.right, where.bottom);
         paintInactive(dc, where, filter_, look);
         activation_.layOut(design_.extent());
         return S_OK;
