@@ -123,7 +123,7 @@ void pageClicked(FilterState& state, int index) {
         uncheckOtherExclusivePages(state, index);
     state.selectedPages = pageListOfBoxes(state);
     fillFieldLists(state);
-    applyGrids(state, settings);
+    applyGrids(state, settings, editor::MissingField::dropsLine);
 }
 
 std::u16string enabledPages(FilterState& state) {

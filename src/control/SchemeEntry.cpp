@@ -64,9 +64,9 @@ GridSettings captureGrids(FilterState& state) {
     return {state.conditionGrid.conditionText(), state.sortGrid.orderBy(), state.columnGrid.lists()};
 }
 
-void applyGrids(FilterState& state, const GridSettings& settings) {
+void applyGrids(FilterState& state, const GridSettings& settings, editor::MissingField missing) {
     state.conditionGrid.clearAll();
-    state.conditionGrid.loadConditionText(settings.Relation);
+    state.conditionGrid.loadConditionText(settings.Relation, missing);
     for (const std::u16string& key : state.sortGrid.loadOrderBy(settings.OrderBy))
         state.log(u"排序字段 " + key + u" 未载入");
     initHideColumns(state);

@@ -19,6 +19,7 @@ struct GridSettings {
 };
 GridSettings captureGrids(FilterState& state);
 /// Clears the grids and lays the settings on them, for the fields that are offered now.
-void applyGrids(FilterState& state, const GridSettings& settings);
+void applyGrids(FilterState& state, const GridSettings& settings,
+                editor::MissingField missing = editor::MissingField::leavesLineEmpty);
 
 } // namespace orv::control

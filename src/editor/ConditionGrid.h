@@ -36,6 +36,12 @@ class ConditionGridHost {
     virtual void log(std::u16string_view text) = 0;
 };
 
+/// What becomes of the line of a condition whose field is not offered any more.
+enum class MissingField : bool {
+    leavesLineEmpty, ///< as a stored scheme loads
+    dropsLine,       ///< the lines below close up, as a change of pages does
+};
+
 /// The condition grid `vsFilter`: its layout, and how the cells of a line and its condition row move together.
 class ConditionGrid {
   public:
@@ -70,9 +76,9 @@ class ConditionGrid {
     /// The conditions as a scheme keeps them; lines without a field are left out.
     std::u16string conditionText() const;
     /// Clears the grid and lays the conditions of a text on its first lines, brackets, comparisons and values
-    /// included; a blank text changes nothing. A line whose field is not offered any more stays empty: the host's
+    /// included; a blank text changes nothing. A condition whose field is not offered any more is left out: the host's
     /// diagnostics learn of each, since the filter has become wider by it.
-    void loadConditionText(std::u16string_view text);
+    void loadConditionText(std::u16string_view text, MissingField missing = MissingField::leavesLineEmpty);
 
     /// The guard of a move between lines; false cancels it.
     bool mayLeaveRow(int row, int newRow);

@@ -58,7 +58,7 @@ std::u16string ConditionGrid::conditionText() const {
     return conditions::formatConditionText(records);
 }
 
-void ConditionGrid::loadConditionText(std::u16string_view text) {
+void ConditionGrid::loadConditionText(std::u16string_view text, MissingField missing) {
     if (support::Trim(text).empty())
         return;
     clearAll();
@@ -72,14 +72,17 @@ void ConditionGrid::loadConditionText(std::u16string_view text) {
             positions.try_emplace(support::toUpper(field->text(fieldKey::fieldName)), position);
     }
     const auto records = conditions::parseConditionText(text);
-    const int lines = std::min(static_cast<int>(records.size()), grid_.maxRows());
-    for (int row = 1; row <= lines; ++row) {
-        const ConditionRecord& record = records[static_cast<std::size_t>(row - 1)];
-        const auto found = positions.find(support::toUpper(record.fieldName));
-        if (found == positions.end())
-            host_.log(u"条件行 " + automation::numberToText(row) + u" 未载入：字段 " + record.fieldName + u" 不存在");
-        else
-            loadRecord(record, found->second, row);
+    int row = 1;
+    for (std::size_t i = 0; i < records.size() && row <= grid_.maxRows(); ++i) {
+        const auto found = positions.find(support::toUpper(records[i].fieldName));
+        if (found != positions.end()) {
+            loadRecord(records[i], found->second, row++);
+            continue;
+        }
+        host_.log(u"条件行 " + automation::numberToText(static_cast<double>(i + 1)) + u" 未载入：字段 " +
+                  records[i].fieldName + u" 不存在");
+        if (missing == MissingField::leavesLineEmpty)
+            ++row;
     }
 }
 
