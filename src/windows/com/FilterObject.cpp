@@ -123,12 +123,16 @@ HRESULT FilterObject::QueryInterface(REFIID id, void** out) noexcept {
     return S_OK;
 }
 
+// A plain field: no host code runs that could release the control.
 HRESULT FilterObject::get_m_JCType(VARIANT_BOOL* value) noexcept {
-    return answer(value, [&] { return filter_.get_m_JCType(); });
+    if (!value)
+        return E_POINTER;
+    *value = VARIANT_FALSE;
+    return guarded([&] { *value = given(filter_.get_m_JCType()); });
 }
 
 HRESULT FilterObject::put_m_JCType(VARIANT_BOOL value) noexcept {
-    return run([&] { filter_.put_m_JCType(value != VARIANT_FALSE); });
+    return guarded([&] { filter_.put_m_JCType(value != VARIANT_FALSE); });
 }
 
 HRESULT FilterObject::get_UseKey(IDispatch** value) noexcept {

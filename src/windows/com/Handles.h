@@ -68,13 +68,13 @@ class UniqueBstr {
 /// An owned VARIANT, empty at first.
 class UniqueVariant {
   public:
-    UniqueVariant() noexcept { VariantInit(&variant_); }
+    UniqueVariant() noexcept = default;
     UniqueVariant(UniqueVariant&& other) noexcept : variant_(other.release()) {}
     UniqueVariant& operator=(UniqueVariant&& other) noexcept {
         std::swap(variant_, other.variant_);
         return *this;
     }
-    ~UniqueVariant() { VariantClear(&variant_); }
+    ~UniqueVariant() { clear(); }
 
     static UniqueVariant attach(const VARIANT& owned) noexcept {
         UniqueVariant taken;
@@ -87,17 +87,23 @@ class UniqueVariant {
     VARTYPE type() const noexcept { return V_VT(&variant_); }
     /// Where a call may put a new value; what was held is cleared first.
     VARIANT* put() noexcept {
-        VariantClear(&variant_);
+        clear();
         return &variant_;
     }
     [[nodiscard]] VARIANT release() noexcept {
         const VARIANT given = variant_;
-        VariantInit(&variant_);
+        V_VT(&variant_) = VT_EMPTY;
         return given;
     }
 
   private:
-    VARIANT variant_;
+    // Most variants of a call are empty or numbers when they go: those need no call into the platform.
+    void clear() noexcept {
+        if (V_VT(&variant_) != VT_EMPTY)
+            VariantClear(&variant_);
+    }
+
+    VARIANT variant_{};
 };
 
 } // namespace orv::windows

@@ -128,10 +128,10 @@ HRESULT write(HKEY classes, const std::vector<Entry>& entries) {
     return S_OK;
 }
 
-/// Deletes the key unless something is left below it. An absent key is no failure.
-HRESULT deleteIfWithoutSubkeys(HKEY classes, const std::u16string& path, const std::u16string& watched) {
+/// Deletes the key unless there is something in it. An absent key is no failure.
+HRESULT deleteIfEmpty(HKEY classes, const std::u16string& path) {
     RegistryKey key;
-    if (SUCCEEDED(key.open(classes, watched)) && key.hasSubkeys())
+    if (FAILED(key.open(classes, path)) || key.hasSubkeys() || key.hasValues())
         return S_OK;
     key = RegistryKey();
     return deleteTree(classes, path);
@@ -153,8 +153,7 @@ HRESULT removeTypeLibrary(HKEY classes, const TypeLibraryRegistration& library) 
     }
     if (const HRESULT removed = deleteTree(classes, version); FAILED(removed))
         return removed;
-    const std::u16string all = u"TypeLib\\" + guidText(library.id);
-    return deleteIfWithoutSubkeys(classes, all, all);
+    return deleteIfEmpty(classes, u"TypeLib\\" + guidText(library.id));
 }
 
 HRESULT remove(HKEY classes, const Registration& registration) {
@@ -170,6 +169,9 @@ HRESULT remove(HKEY classes, const Registration& registration) {
     }
     if (registration.typeLibrary)
         keep(removeTypeLibrary(classes, *registration.typeLibrary));
+    // A user whose first registered class this was had none of these keys before.
+    for (const char16_t* container : {u"CLSID", u"Interface", u"TypeLib"})
+        keep(deleteIfEmpty(classes, container));
     return firstFailure;
 }
 

@@ -32,6 +32,13 @@ bool RegistryKey::hasSubkeys() const noexcept {
     return count > 0;
 }
 
+bool RegistryKey::hasValues() const noexcept {
+    DWORD count = 0;
+    RegQueryInfoKeyW(key_, nullptr, nullptr, nullptr, nullptr, nullptr, nullptr, &count, nullptr, nullptr, nullptr,
+                     nullptr);
+    return count > 0;
+}
+
 HRESULT deleteTree(HKEY parent, const std::u16string& path) noexcept {
     const LONG result = RegDeleteTreeW(parent, asWide(path));
     return result == ERROR_FILE_NOT_FOUND ? S_OK : HRESULT_FROM_WIN32(static_cast<DWORD>(result));

@@ -28,6 +28,7 @@ class RegistryKey {
     /// Writes a text value; the empty name is the default value.
     HRESULT setText(const std::u16string& name, const std::u16string& text) noexcept;
     bool hasSubkeys() const noexcept;
+    bool hasValues() const noexcept;
     HKEY get() const noexcept { return key_; }
 
   private:
