@@ -70,6 +70,16 @@ TEST(Hosting, TheStockContainerShowsResizesAndLetsGo) {
     EXPECT_FALSE(IsWindow(window));
 }
 
+TEST(Hosting, TheToolboxFindsThePicture) {
+    const LoadedFilter loaded;
+    const HANDLE picture = LoadImageW(loaded.dll.handle(), MAKEINTRESOURCEW(101), IMAGE_BITMAP, 0, 0, 0);
+    BITMAP shape{};
+    ASSERT_NE(GetObjectW(picture, sizeof shape, &shape), 0);
+    EXPECT_EQ(shape.bmWidth, 16);
+    EXPECT_EQ(shape.bmHeight, 16);
+    DeleteObject(picture);
+}
+
 TEST(Hosting, TheGdiCounterCounts) {
     const std::size_t before = gdiCount();
     ASSERT_GT(before, 0u);

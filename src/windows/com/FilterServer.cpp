@@ -21,6 +21,9 @@ const TypeLibraryRegistration typeLibrary = {
     .interfaces = interfaces,
 };
 
+// As the resource script numbers it.
+constexpr int toolboxBitmap = 101;
+
 ComPtr<IUnknown> createFilter() {
     const ComPtr<FilterObject> filter = makeComObject<FilterObject>();
     return ComPtr<IUnknown>::copyFrom(filter->identity());
@@ -35,7 +38,9 @@ Server describeServer() {
                                                .description = u"ORVFilter.Filter",
                                                .progId = u"ORVFilter.Filter",
                                                .version = 1,
-                                               .isControl = true},
+                                               .isControl = true,
+                                               .miscStatus = static_cast<int>(filterMiscStatus),
+                                               .toolboxBitmap = toolboxBitmap},
                               .create = createFilter});
     return server;
 }

@@ -87,6 +87,10 @@ void addClass(std::vector<Entry>& entries, const ClassRegistration& served, cons
     }
     if (served.isControl) {
         entries.push_back({key + u"\\Control", u"", u""});
+        // For all aspects of the picture, then for the content alone (DVASPECT_CONTENT is 1).
+        entries.push_back({key + u"\\MiscStatus", u"", u"0"});
+        entries.push_back({key + u"\\MiscStatus\\1", u"", decimal(served.miscStatus)});
+        entries.push_back({key + u"\\ToolboxBitmap32", u"", registration.path + u", " + decimal(served.toolboxBitmap)});
         entries.push_back({key + u"\\Implemented Categories\\" + std::u16string(controlCategory), u"", u""});
     }
     entries.push_back({served.progId, u"", served.description});

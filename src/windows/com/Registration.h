@@ -19,6 +19,8 @@ struct ClassRegistration {
     std::u16string progId;  ///< without a version
     int version = 1;        ///< the number at the end of the versioned ProgID
     bool isControl = false; ///< listed among the ActiveX controls
+    int miscStatus = 0;     ///< of a control: how containers treat it (OLEMISC_ values)
+    int toolboxBitmap = 0;  ///< of a control: resource number of its picture in a development environment
 };
 
 /// An interface that standard marshalling reads from the type library.
