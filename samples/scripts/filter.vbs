@@ -21,6 +21,7 @@ SetUp
 ReadMembers
 EnterConditions
 BuildTexts
+SaveAndReload
 ShowErrors
 control.ClearMem
 Say "done", "the host drops the control"
@@ -73,6 +74,27 @@ Sub BuildTexts()
     Set found = host.List(Receipts, where, headSort, entrySort)
     Say "bills", found("Bills") & " of " & host.Rows(Receipts, "", "", "")
     Say "first bills", found("FirstKeys")
+End Sub
+
+' A scheme keeps conditions, sort order, columns and pages. Its entry record is the host's to read and to hand back.
+Sub SaveAndReload()
+    Dim before, after, entry, headSort, entrySort, ok
+    ok = control.GetFilterSql(before)
+    control.ShowScheme = True
+    control.SaveScheme
+    Say "scheme", control.dctProFile("FSchemeName") & " of " & control.dctProFile("FTranType")
+    Set entry = control.dctProFileEntry
+    Say "scheme conditions", UBound(Split(entry("Relation"), "||"))
+    Say "scheme pages", entry("SelPage")
+    entry("OrderBy") = "FDate=0|FBillNo=1|"
+    ok = control.RefreshProfile(entry)
+    Say "RefreshProfile", CInt(ok)
+    ok = control.GetFilterSql(after)
+    Say "same SQL", CInt(before = after)
+    ok = control.GetSortString(headSort, entrySort)
+    Say "sort of the scheme", headSort
+    Say "header after the scheme", control.m_Header.Count
+    Say "SaveLastUseScheme", CInt(control.SaveLastUseScheme())
 End Sub
 
 ' Every failure reaches the script as an error object: run-time errors by their number, components' errors as they are.
