@@ -107,7 +107,10 @@ HRESULT FilterObject::answer(Out* out, Body&& body) noexcept {
 }
 
 FilterObject::FilterObject()
-    : site_(*identity()), prompts_(site_), filter_(factory_, prompts_), embedding_(site_, filter_) {}
+    : site_(*identity()), prompts_(site_), filter_(factory_, prompts_), embedding_(site_, filter_) {
+    // For host components that want the control they work for; the reference lasts as long as they keep it.
+    filter_.setSelfObject([this] { return wrap(static_cast<_Filter*>(this)); });
+}
 
 FilterObject::~FilterObject() = default;
 
