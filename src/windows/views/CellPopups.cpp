@@ -179,6 +179,42 @@ LRESULT CellList::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     }
 }
 
+namespace {
+
+/// Days that an arrow key moves the date by; 0 for other keys.
+int daysOf(WPARAM key) {
+    switch (key) {
+    case VK_LEFT:
+        return -1;
+    case VK_RIGHT:
+        return 1;
+    case VK_UP:
+        return -7;
+    case VK_DOWN:
+        return 7;
+    default:
+        return 0;
+    }
+}
+
+void moveDate(HWND month, int days) {
+    SYSTEMTIME date{};
+    FILETIME file{};
+    SendMessageW(month, MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&date));
+    if (!SystemTimeToFileTime(&date, &file))
+        return;
+    constexpr LONGLONG unitsPerDay = 24LL * 3600 * 10'000'000; // of 100 ns
+    ULARGE_INTEGER units{};
+    units.LowPart = file.dwLowDateTime;
+    units.HighPart = file.dwHighDateTime;
+    units.QuadPart += static_cast<ULONGLONG>(days * unitsPerDay);
+    file = {units.LowPart, units.HighPart};
+    if (FileTimeToSystemTime(&file, &date))
+        SendMessageW(month, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&date));
+}
+
+} // namespace
+
 class CellCalendar::Month final : public Window {
   public:
     std::function<bool(WPARAM key)> onKey;
@@ -213,6 +249,10 @@ void CellCalendar::open(HWND grid, const RECT& cell, HFONT font, const std::opti
     if (date)
         SendMessageW(month, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&*date));
     month_->onKey = [this](WPARAM key) {
+        if (const int days = daysOf(key); days != 0) {
+            moveDate(month_->hwnd(), days);
+            return true;
+        }
         if (key == VK_RETURN) {
             SYSTEMTIME chosen{};
             SendMessageW(month_->hwnd(), MCM_GETCURSEL, 0, reinterpret_cast<LPARAM>(&chosen));

@@ -23,7 +23,17 @@ GridMeasures GridMeasures::of(HDC dc, int dpi, int maxRows) {
     return m;
 }
 
-GridLayout::GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZE client, int topRow, int leftPx)
+int widestColumn(const ui::Spread& grid) {
+    int widest = 0;
+    for (int column = 1; column <= grid.maxCols(); ++column) {
+        if (!grid.columnHidden(column) && (widest == 0 || grid.columnWidth(column) > grid.columnWidth(widest)))
+            widest = column;
+    }
+    return widest;
+}
+
+GridLayout::GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZE client, int stretched, int topRow,
+                       int leftPx)
     : measures_(measures), client_(client), rows_(grid.maxRows()) {
     std::vector<int> widths;
     for (int column = 1; column <= grid.maxCols(); ++column) {
@@ -35,8 +45,8 @@ GridLayout::GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZ
     for (const int width : widths)
         total += width;
     const int room = static_cast<int>(client.cx) - measures.rowHeaderWidth - total;
-    if (room > 0 && !widths.empty())
-        *std::ranges::max_element(widths) += room;
+    if (room > 0 && stretched >= 1 && stretched <= grid.maxCols())
+        widths[static_cast<std::size_t>(stretched - 1)] += room;
     for (const int width : widths)
         right_.push_back(right_.back() + width);
     topRow_ = std::clamp(topRow, 1, lastTopRow());

@@ -20,12 +20,16 @@ struct GridMeasures {
     static GridMeasures of(HDC dc, int dpi, int maxRows);
 };
 
-/// Where the cells of a grid stand in its client area. Rows scroll one by one, columns pixel by pixel; the widest
-/// column takes the room that the others leave.
+/// The column that takes the room that the others leave: the widest one; 0 in a grid without columns.
+int widestColumn(const ui::Spread& grid);
+
+/// Where the cells of a grid stand in its client area. Rows scroll one by one, columns pixel by pixel.
 class GridLayout {
   public:
     GridLayout() = default;
-    GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZE client, int topRow, int leftPx);
+    /// `stretched` is the column that takes the room that is left; 0 for none.
+    GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZE client, int stretched, int topRow,
+               int leftPx);
 
     const GridMeasures& measures() const noexcept { return measures_; }
     SIZE client() const noexcept { return client_; }

@@ -50,6 +50,8 @@ void GridView::onButtonDown(POINT at, bool doubleClick) {
 void GridView::onMouseMove(POINT at) {
     if (draggedColumn_ < 1 || draggedColumn_ > typed().maxCols())
         return;
+    if (draggedColumn_ == stretched_)
+        stretched_ = 0;
     const int width = std::max(dragWidth_ + static_cast<int>(at.x) - dragFrom_, measures_.minimumColumn);
     typed().setColumnWidth(draggedColumn_, static_cast<double>(width) / measures_.characterWidth);
 }

@@ -81,11 +81,15 @@ void GridView::shapeChanged() {
 }
 
 void GridView::updateScrollBars() {
+    if (columnsSeen_ != typed().maxCols()) {
+        columnsSeen_ = typed().maxCols();
+        stretched_ = widestColumn(typed());
+    }
     // A bar that comes or goes changes the client area: the second round settles it.
     for (int round = 0; round < 2; ++round) {
         RECT client;
         GetClientRect(hwnd(), &client);
-        layout_ = GridLayout(typed(), measures_, {client.right, client.bottom}, topRow_, leftPx_);
+        layout_ = GridLayout(typed(), measures_, {client.right, client.bottom}, stretched_, topRow_, leftPx_);
         SCROLLINFO info{};
         info.cbSize = sizeof info;
         info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;

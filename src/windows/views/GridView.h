@@ -83,6 +83,8 @@ class GridView final : public NativeView<ui::Spread> {
     int topRow_ = 1;
     int leftPx_ = 0;
     int wheel_ = 0;
+    int columnsSeen_ = 0;
+    int stretched_ = 0; ///< the column that takes the room that is left; 0 once the user has sized it
     ui::CellRef shownActive_{0, 0};
     bool reshapePending_ = false;
     int draggedColumn_ = 0;

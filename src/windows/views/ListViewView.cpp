@@ -25,6 +25,8 @@ class ListViewView final : public NativeView<ui::ListView> {
             const HANDLE small = makeImageList({schemePicture, 1}, dressing().px(16));
             SendMessageW(hwnd(), LVM_SETIMAGELIST, LVSIL_NORMAL, reinterpret_cast<LPARAM>(large));
             SendMessageW(hwnd(), LVM_SETIMAGELIST, LVSIL_SMALL, reinterpret_cast<LPARAM>(small));
+            // Room for names of seven Chinese characters.
+            SendMessageW(hwnd(), LVM_SETICONSPACING, 0, MAKELPARAM(dressing().px(88), dressing().px(76)));
             dropImages();
             images_[0] = large;
             images_[1] = small;

@@ -133,7 +133,7 @@ class Picture {
     void drawGrid(const ui::Spread& grid, const RECT& r) const {
         const SIZE size{r.right - r.left - 2, r.bottom - r.top - 2};
         const GridMeasures measures = GridMeasures::of(dc_, dressing_.look.dpi, grid.maxRows());
-        const GridLayout layout(grid, measures, size, 1, 0);
+        const GridLayout layout(grid, measures, size, widestColumn(grid), 1, 0);
         const RECT clip{0, 0, size.cx, size.cy};
         const int saved = SaveDC(dc_);
         IntersectClipRect(dc_, static_cast<int>(r.left), static_cast<int>(r.top), static_cast<int>(r.right),

@@ -93,17 +93,17 @@ class ComboBoxView final : public NativeView<ui::ComboBox> {
     void open(HWND parent) override {
         createControl(parent, L"COMBOBOX", CBS_DROPDOWNLIST | CBS_HASSTRINGS | WS_VSCROLL | WS_TABSTOP);
     }
-    /// The height of a combo box's window counts its list.
+    /// The box is as high as its font wants and stands in the middle of its line; the window's height counts the list.
     RECT place() const override {
         RECT r = ControlView::place();
-        r.bottom += dressing().px(240);
+        const auto text =
+            static_cast<int>(SendMessageW(window()->hwnd(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0));
+        const int frame = 2 * GetSystemMetrics(SM_CYEDGE) + 2;
+        r.top += std::max((typed().bounds().height - text - frame) / 2, 0);
+        r.bottom = r.top + text + frame + dressing().px(240);
         return r;
     }
     void showContent() override {
-        // The frame above and below the text takes 3 px each.
-        const int height = std::max(typed().bounds().height - 6, 8);
-        if (SendMessageW(hwnd(), CB_GETITEMHEIGHT, static_cast<WPARAM>(-1), 0) != height)
-            SendMessageW(hwnd(), CB_SETITEMHEIGHT, static_cast<WPARAM>(-1), height);
         if (items_ != typed().items()) {
             items_ = typed().items();
             SendMessageW(hwnd(), CB_RESETCONTENT, 0, 0);

@@ -76,6 +76,8 @@ std::shared_ptr<Window> Window::of(HWND hwnd) noexcept {
 
 void Window::create(const Creation& how) {
     static const WindowClass ownClass(&Window::procedure);
+    if ((how.style & WS_POPUP) != 0)
+        opener_ = how.parent;
     const HWND created =
         CreateWindowExW(how.exStyle, how.controlClass ? how.controlClass : className, L"", how.style, how.bounds.left,
                         how.bounds.top, how.bounds.right - how.bounds.left, how.bounds.bottom - how.bounds.top,
@@ -99,9 +101,14 @@ LRESULT Window::pass(UINT message, WPARAM wParam, LPARAM lParam) {
 
 void Window::onFocus(bool, HWND) {}
 
+HWND Window::parentOf(HWND hwnd) noexcept {
+    const auto window = of(hwnd);
+    return window && window->opener_ ? window->opener_ : GetParent(hwnd);
+}
+
 void Window::tellAncestors(HWND hwnd, bool has, HWND other) {
     for (HWND at = hwnd; at;) {
-        const HWND next = GetParent(at);
+        const HWND next = parentOf(at);
         if (const auto window = Window::of(at))
             window->onFocus(has, other);
         at = next;
@@ -110,7 +117,7 @@ void Window::tellAncestors(HWND hwnd, bool has, HWND other) {
 
 bool isWithin(HWND ancestor, HWND window) noexcept {
     while (window && window != ancestor)
-        window = GetParent(window);
+        window = Window::parentOf(window);
     return window != nullptr && ancestor != nullptr;
 }
 

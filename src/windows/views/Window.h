@@ -21,7 +21,7 @@ class Window : public std::enable_shared_from_this<Window> {
     HWND hwnd() const noexcept { return hwnd_; }
     void destroy() noexcept;
 
-    /// The object of a window of ours; null for any other window.
+    /// The object of a window of ours that has an owner; null for any other window.
     static std::shared_ptr<Window> of(HWND hwnd) noexcept;
 
   protected:
@@ -44,7 +44,12 @@ class Window : public std::enable_shared_from_this<Window> {
     static void tellAncestors(HWND hwnd, bool has, HWND other);
     static LRESULT CALLBACK procedure(HWND hwnd, UINT message, WPARAM wParam, LPARAM lParam) noexcept;
 
+    friend bool isWithin(HWND ancestor, HWND window) noexcept;
+    /// The parent; of a popup the window that has opened it, which may be a child: the system knows its frame only.
+    static HWND parentOf(HWND hwnd) noexcept;
+
     HWND hwnd_ = nullptr;
+    HWND opener_ = nullptr;
     WNDPROC control_ = nullptr;
 };
 
@@ -57,7 +62,7 @@ class ContainerWindow : public Window {
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;
 };
 
-/// Whether a window is `ancestor`, a child of it at any depth or a popup that one of these owns.
+/// Whether a window is `ancestor`, a child of it at any depth or a popup that one of these has opened.
 bool isWithin(HWND ancestor, HWND window) noexcept;
 
 /// The module that this code is in.
