@@ -82,6 +82,7 @@ void CellList::open(HWND grid, const RECT& cell, HFONT font, const std::vector<s
                     int selected) {
     constexpr int mostRows = 12;
     captions_ = captions;
+    GetCursorPos(&pointer_);
     Creation how;
     how.controlClass = L"LISTBOX";
     how.style = WS_POPUP | WS_BORDER | WS_VSCROLL | LBS_HASSTRINGS | LBS_NOINTEGRALHEIGHT;
@@ -164,10 +165,17 @@ LRESULT CellList::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
         return 0;
-    case WM_MOUSEMOVE:
+    case WM_MOUSEMOVE: {
+        // A list that opens under a pointer at rest is told of a move, too.
+        POINT pointer{};
+        GetCursorPos(&pointer);
+        if (pointer.x == pointer_.x && pointer.y == pointer_.y)
+            return 0;
+        pointer_ = pointer;
         if (const int item = itemAt(lParam); item >= 0 && item != selected())
             select(item);
         return 0;
+    }
     case WM_LBUTTONUP:
         if (const int item = itemAt(lParam); item >= 0 && onChoose) {
             const auto choose = onChoose;

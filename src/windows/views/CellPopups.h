@@ -47,6 +47,7 @@ class CellList final : public Window {
     std::vector<std::u16string> captions_;
     std::u16string typed_;
     DWORD typedAtMs_ = 0;
+    POINT pointer_{};
 };
 
 /// The calendar of a date cell; has the focus while it is open.
