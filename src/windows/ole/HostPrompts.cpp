@@ -1,5 +1,7 @@
 #include "windows/ole/HostPrompts.h"
 
+#include "windows/ole/DialogWindow.h"
+
 namespace orv::windows {
 
 namespace {
@@ -26,7 +28,11 @@ class ModalTime {
 
 } // namespace
 
-HostPrompts::HostPrompts(OleSite& site) : site_(site), boxes_([&site] { return site.topWindow(); }) {}
+HostPrompts::HostPrompts(OleSite& site) : site_(site), boxes_([this] { return owner(); }) {}
+
+HWND HostPrompts::owner() const noexcept {
+    return dialog_ ? dialog_ : site_.topWindow();
+}
 
 ui::MessageAnswer HostPrompts::message(const std::u16string& text, std::int32_t style, const std::u16string& title) {
     const ModalTime modal(site_);
@@ -35,7 +41,7 @@ ui::MessageAnswer HostPrompts::message(const std::u16string& text, std::int32_t 
 
 void HostPrompts::showModal(ui::Dialog& dialog) {
     const ModalTime modal(site_);
-    boxes_.showModal(dialog);
+    showDialog(dialog, owner(), site_.ambients.look, dialog_);
 }
 
 void HostPrompts::log(const std::u16string& text) {

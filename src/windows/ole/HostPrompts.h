@@ -18,7 +18,10 @@ class HostPrompts final : public ui::Prompts {
     void log(const std::u16string& text) override;
 
   private:
+    HWND owner() const noexcept;
+
     OleSite& site_;
+    HWND dialog_ = nullptr; ///< the dialog that is open: boxes stand over it
     MessageBoxPrompts boxes_;
 };
 
