@@ -24,7 +24,9 @@ class ModalUser {
   private:
     static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) {
         const HWND modal = FindWindowW(L"#32770", nullptr);
-        if (modal && user)
+        DWORD process = 0;
+        GetWindowThreadProcessId(modal, &process);
+        if (modal && process == GetCurrentProcessId() && user)
             user(modal);
     }
     static inline std::function<void(HWND)> user;
