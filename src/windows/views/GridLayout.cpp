@@ -45,8 +45,11 @@ GridLayout::GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZ
     for (const int width : widths)
         total += width;
     const int room = static_cast<int>(client.cx) - measures.rowHeaderWidth - total;
-    if (room > 0 && stretched >= 1 && stretched <= grid.maxCols())
-        widths[static_cast<std::size_t>(stretched - 1)] += room;
+    if (stretched >= 1 && stretched <= grid.maxCols()) {
+        int& width = widths[static_cast<std::size_t>(stretched - 1)];
+        // It gives way, too, before the grid has to scroll, but stays readable.
+        width = std::max(width + room, width * 2 / 5);
+    }
     for (const int width : widths)
         right_.push_back(right_.back() + width);
     topRow_ = std::clamp(topRow, 1, lastTopRow());

@@ -27,7 +27,7 @@ int widestColumn(const ui::Spread& grid);
 class GridLayout {
   public:
     GridLayout() = default;
-    /// `stretched` is the column that takes the room that is left; 0 for none.
+    /// `stretched` is the column that takes the room that is left, or gives way where there is too little; 0 for none.
     GridLayout(const ui::Spread& grid, const GridMeasures& measures, SIZE client, int stretched, int topRow,
                int leftPx);
 

@@ -137,6 +137,8 @@ void GridView::activeCellChanged(int column, int row) {
         }
     }
     shownActive_ = {column, row};
+    if (reshapePending_)
+        updateScrollBars(); // the place of the cell depends on the new shape
     bringIntoSight(column, row);
 }
 
@@ -176,10 +178,14 @@ void GridView::scrollTo(int topRow, int leftPx) {
         ScrollWindowEx(hwnd(), 0, dy, &rows, &rows, nullptr, nullptr, SW_INVALIDATE);
     if (dx != 0)
         ScrollWindowEx(hwnd(), dx, 0, &columns, &columns, nullptr, nullptr, SW_INVALIDATE);
-    updateScrollBars();
+    // Not drawn at once: steps that follow each other faster than the screen are drawn together.
+    layout_ = GridLayout(typed(), measures_, layout_.client(), stretched_, topRow_, leftPx_);
+    if (dy != 0)
+        SetScrollPos(hwnd(), SB_VERT, topRow_, TRUE);
+    if (dx != 0)
+        SetScrollPos(hwnd(), SB_HORZ, leftPx_, TRUE);
     if (edit_)
         shapeChanged();
-    UpdateWindow(hwnd());
 }
 
 void GridView::onScrollBar(int bar, WORD action) {
