@@ -271,6 +271,15 @@ LRESULT FilterSurface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDOWN:
         SetFocus(hwnd());
         return 0;
+    case WM_SYSCOLORCHANGE: {
+        // The container hands it on; common controls want to be told, too.
+        const auto views = views_;
+        for (const auto& view : views)
+            SendMessageW(view->handle(), message, wParam, lParam);
+        dressing_->setBack(surfaceColor(filter_.controls().UserControl, dressing_->look.back));
+        RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
+        return 0;
+    }
     case WM_NCDESTROY:
     default:
         return ContainerWindow::onMessage(message, wParam, lParam);
