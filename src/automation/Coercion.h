@@ -46,8 +46,12 @@ double Val(std::u16string_view text);
 
 /// `IsNumeric` of a text by the locale's rules (blanks around it, sign, grouping, currency sign, exponent, "&H").
 bool isNumeric(std::u16string_view text);
-inline bool isNumeric(const std::u16string& text) { return isNumeric(std::u16string_view(text)); }
-inline bool isNumeric(const char16_t* text) { return isNumeric(std::u16string_view(text)); }
+inline bool isNumeric(const std::u16string& text) {
+    return isNumeric(std::u16string_view(text));
+}
+inline bool isNumeric(const char16_t* text) {
+    return isNumeric(std::u16string_view(text));
+}
 /// `IsNumeric` of a value: numbers, Booleans and Empty are numeric, dates are not.
 bool isNumeric(const Value& value);
 /// `IsDate` of a text by the locale's rules.

@@ -24,8 +24,7 @@ enum class InvokeKind {
 class Argument {
   public:
     template <class T>
-        requires std::is_constructible_v<Value, T>
-    Argument(T&& value) : own_(std::forward<T>(value)) {}
+    requires std::is_constructible_v<Value, T> Argument(T&& value) : own_(std::forward<T>(value)) {}
     static Argument byReference(Value& variable) { return Argument(&variable, 0); }
 
     bool isByReference() const noexcept { return referent_ != nullptr; }
@@ -64,16 +63,19 @@ class Object : public std::enable_shared_from_this<Object> {
 /// Shorthands of a call: `call(service, u"GetData", sql, props)`. Null objects raise error 91.
 Value callMember(const ObjectRef& object, std::u16string_view member, InvokeKind kind, Arguments arguments);
 
-template <class... Args> Value call(const ObjectRef& object, std::u16string_view member, Args&&... args) {
+template <class... Args>
+Value call(const ObjectRef& object, std::u16string_view member, Args&&... args) {
     Argument list[sizeof...(Args) + 1] = {Argument(std::forward<Args>(args))..., Argument(Empty{})};
     return callMember(object, member, InvokeKind::method, Arguments(list, sizeof...(Args)));
 }
-template <class... Args> Value get(const ObjectRef& object, std::u16string_view member, Args&&... index) {
+template <class... Args>
+Value get(const ObjectRef& object, std::u16string_view member, Args&&... index) {
     Argument list[sizeof...(Args) + 1] = {Argument(std::forward<Args>(index))..., Argument(Empty{})};
     return callMember(object, member, InvokeKind::get, Arguments(list, sizeof...(Args)));
 }
 /// `let(object, member, index..., value)`: the last argument is the new value.
-template <class... Args> void let(const ObjectRef& object, std::u16string_view member, Args&&... args) {
+template <class... Args>
+void let(const ObjectRef& object, std::u16string_view member, Args&&... args) {
     Argument list[sizeof...(Args)] = {Argument(std::forward<Args>(args))...};
     callMember(object, member, InvokeKind::let, Arguments(list, sizeof...(Args)));
 }

@@ -75,8 +75,14 @@ class Value {
     Value(ErrorCode v) noexcept : storage_(v) {}
     Value(const void*) = delete; // a pointer must not turn into a Boolean
 
-    template <class T> bool is() const noexcept { return std::holds_alternative<T>(storage_); }
-    template <class T> const T* getIf() const noexcept { return std::get_if<T>(&storage_); }
+    template <class T>
+    bool is() const noexcept {
+        return std::holds_alternative<T>(storage_);
+    }
+    template <class T>
+    const T* getIf() const noexcept {
+        return std::get_if<T>(&storage_);
+    }
     bool isEmpty() const noexcept { return is<Empty>(); }
     bool isNull() const noexcept { return is<Null>(); }
     bool isMissing() const noexcept { return is<Missing>(); }

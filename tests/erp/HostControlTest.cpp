@@ -1,12 +1,5 @@
-#include "HostTesting.h"
+#include "ControlOnHost.h"
 #include "automation/AutomationError.h"
-#include "control/Filter.h"
-#include "erp/db/Database.h"
-#include "ui/Prompts.h"
-
-#include <gtest/gtest.h>
-
-#include <algorithm>
 
 // The control on the sample host: what both sides agreed on must meet.
 namespace orv::erp {
@@ -16,51 +9,7 @@ using namespace testing;
 using automation::toText;
 using control::Filter;
 
-class Shown final : public ui::Prompts {
-  public:
-    ui::MessageAnswer message(const std::u16string& text, std::int32_t, const std::u16string&) override {
-        messages.push_back(utf8(text));
-        return ui::MessageAnswer::ok;
-    }
-    void log(const std::u16string& text) override { logged.push_back(utf8(text)); }
-
-    std::vector<std::string> messages;
-    std::vector<std::string> logged;
-};
-
 constexpr std::int32_t allClassTypes[] = {1000101, 1000201, 1000202, 1000301, 1000801, 1000901, 1000902};
-
-class ControlOnHost : public ::testing::Test {
-  protected:
-    static void SetUpTestSuite() { erp_ = openErp(); }
-    static void TearDownTestSuite() { erp_.reset(); }
-
-    static ErpHost& erp() { return *erp_; }
-    /// Opens a class type with all of its pages.
-    void open(std::int32_t classType) {
-        filter.put_dctControl(erp().defaultSettings());
-        filter.put_DataSrv(erp().dataService(classType));
-        filter.put_SetSelectPageList(u",1*,2,3,4,");
-        ASSERT_TRUE(filter.Initialize());
-    }
-    ui::Spread& grid() { return filter.controls().vsFilter; }
-    /// Chooses an item of a combo cell by its caption.
-    void choose(int column, int row, std::u16string_view caption) {
-        const auto& items = grid().comboItems(column, row);
-        const auto found = std::ranges::find_if(items, [&](const std::u16string& item) {
-            return item.starts_with(caption) && (item.size() == caption.size() || item[caption.size()] == u' ');
-        });
-        ASSERT_NE(found, items.end()) << "no item " << utf8(caption);
-        ASSERT_TRUE(grid().userChoose(column, row, static_cast<int>(found - items.begin())));
-    }
-
-    Shown shown;
-    Filter filter{*erp_, shown};
-
-  private:
-    static std::shared_ptr<ErpHost> erp_;
-};
-std::shared_ptr<ErpHost> ControlOnHost::erp_;
 
 TEST_F(ControlOnHost, OpensEveryClassTypeWithItsFields) {
     for (const auto classType : allClassTypes) {

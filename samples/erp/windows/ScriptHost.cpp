@@ -82,7 +82,8 @@ constexpr Member scriptMembers[] = {
     method<&ScriptHost::list>(u"List", 4),
     method<&ScriptHost::fillRow>(u"FillRow", 8),
     method<&ScriptHost::answerLookUp>(u"AnswerLookUp", 1),
-    method<&ScriptHost::failNext>(u"FailNext", 4),       method<&ScriptHost::text>(u"Text", 1),
+    method<&ScriptHost::failNext>(u"FailNext", 4),
+    method<&ScriptHost::text>(u"Text", 1),
 };
 
 std::span<const Member> ScriptHost::members() const {
