@@ -12,7 +12,6 @@
 namespace orv::sortcols {
 
 using metadata::FieldRef;
-using ui::CellFormat;
 using ui::CellType;
 namespace fieldKey = metadata::fieldKey;
 
@@ -20,13 +19,6 @@ namespace {
 
 /// 1000 twips.
 constexpr const char16_t* usualWidth = u"17.64";
-
-CellFormat formatOf(CellType type) {
-    CellFormat format;
-    format.type = type;
-    format.centred = type == CellType::checkBox;
-    return format;
-}
 
 /// The container's scale: 1440 twips an inch, 25.4 millimetres an inch.
 constexpr double twipsPerMillimetre = 1440.0 / 25.4;
@@ -104,13 +96,13 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
         ++row;
         const std::u16string caption = field->text(fieldKey::caption);
         for (const int column : {captionColumn, secondCaptionColumn})
-            grid_.setFormat(column, row, formatOf(CellType::staticText));
+            grid_.setFormat(column, row, ui::plainFormat(CellType::staticText));
         grid_.setText(captionColumn, row, std::u16string(support::GetPiece(caption, 1, u"+")));
         grid_.setText(secondCaptionColumn, row, std::u16string(support::GetPiece(caption, 2, u"+")));
-        grid_.setFormat(shownColumn, row, formatOf(CellType::checkBox));
+        grid_.setFormat(shownColumn, row, ui::plainFormat(CellType::checkBox));
         grid_.setText(shownColumn, row, u"1");
         grid_.setText(widthColumn, row, usualWidth);
-        grid_.setFormat(positionColumn, row, formatOf(CellType::wholeNumber));
+        grid_.setFormat(positionColumn, row, ui::plainFormat(CellType::wholeNumber));
         grid_.setText(positionColumn, row, automation::numberToText(row));
         grid_.setText(keyColumn, row, field->text(fieldKey::key));
     }

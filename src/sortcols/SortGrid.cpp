@@ -11,17 +11,9 @@
 
 namespace orv::sortcols {
 
-using ui::CellFormat;
 using ui::CellType;
 
 namespace {
-
-CellFormat formatOf(CellType type) {
-    CellFormat format;
-    format.type = type;
-    format.centred = type == CellType::checkBox;
-    return format;
-}
 
 /// Mark of a sort field in the key maps, where no stronger one stands.
 constexpr std::int32_t sortKeyMark = 2;
@@ -60,7 +52,7 @@ void SortGrid::layOut() {
     grid_.setText(ascendingColumn, 0, u"升序");
     grid_.setText(descendingColumn, 0, u"降序");
     for (int row = 1; row <= rowCount; ++row) {
-        grid_.setFormat(fieldColumn, row, formatOf(CellType::comboBox));
+        grid_.setFormat(fieldColumn, row, ui::plainFormat(CellType::comboBox));
         hideDirections(row);
     }
 }
@@ -105,15 +97,15 @@ void SortGrid::fieldChanged(int row) {
 }
 
 void SortGrid::showDirections(int row) {
-    grid_.setFormat(ascendingColumn, row, formatOf(CellType::checkBox));
-    grid_.setFormat(descendingColumn, row, formatOf(CellType::checkBox));
+    grid_.setFormat(ascendingColumn, row, ui::plainFormat(CellType::checkBox));
+    grid_.setFormat(descendingColumn, row, ui::plainFormat(CellType::checkBox));
     if (grid_.number(ascendingColumn, row) == 0 && grid_.number(descendingColumn, row) == 0)
         grid_.setChecked(ascendingColumn, row, true);
 }
 
 void SortGrid::hideDirections(int row) {
     for (const int column : {ascendingColumn, descendingColumn}) {
-        grid_.setFormat(column, row, formatOf(CellType::staticText));
+        grid_.setFormat(column, row, ui::plainFormat(CellType::staticText));
         grid_.setText(column, row, u"");
     }
 }

@@ -31,6 +31,14 @@ struct CellFormat {
     friend bool operator==(const CellFormat&, const CellFormat&) = default;
 };
 
+/// The format of a cell of that type with the usual limits; a check box stands in the middle of its cell.
+inline CellFormat plainFormat(CellType type) {
+    CellFormat format;
+    format.type = type;
+    format.centred = type == CellType::checkBox;
+    return format;
+}
+
 /// What a cell of that format stores when a user confirms `typed`, or nothing when the format refuses it.
 ///
 /// - edit, comboBox: the text, cut to `maxLength` units but never inside a surrogate pair (a combo cell's list is not

@@ -129,12 +129,12 @@ TEST(GridRows, MakeUpMissingRowsUpToTheLastUsedLine) {
 }
 
 TEST(ConditionRow, IsNewWithNothingChosen) {
-    const ConditionRow row = NewConditionRow();
-    for (const std::u16string* text :
-         {&row.FLeft, &row.FFieldKey, &row.FFieldName, &row.FCompare, &row.FValue, &row.FLogic, &row.FRight})
+    const ConditionRow blank = NewConditionRow();
+    for (const std::u16string* text : {&blank.FLeft, &blank.FFieldKey, &blank.FFieldName, &blank.FCompare,
+                                       &blank.FValue, &blank.FLogic, &blank.FRight})
         EXPECT_EQ(toUtf8(*text), "");
-    EXPECT_FALSE(row.FCompareIndex || row.FValueIndex || row.FLogicIndex || row.FColType);
-    EXPECT_FALSE(row.FCompareDct || row.HDict);
+    EXPECT_FALSE(blank.FCompareIndex || blank.FValueIndex || blank.FLogicIndex || blank.FColType);
+    EXPECT_FALSE(blank.FCompareDct || blank.HDict);
 }
 
 TEST(CompareEntry, ReadsWhatTheHostGives) {

@@ -13,7 +13,7 @@ using automation::ObjectRef;
 using automation::Value;
 
 /// Confirms messages and closes dialogs.
-class NoPrompts final : public ui::Prompts {
+class ClosingPrompts final : public ui::Prompts {
   public:
     ui::MessageAnswer message(const std::u16string&, std::int32_t, const std::u16string&) override {
         return ui::MessageAnswer::ok;
@@ -79,7 +79,7 @@ class TextTier final : public automation::ObjectFactory {
 
 TEST(Creation, HasEveryControlDressedInOrder) {
     TextTier tier(u"CHS");
-    NoPrompts prompts;
+    ClosingPrompts prompts;
     const Filter filter(tier, prompts);
     const std::vector<std::string> atFirst = {"lblClassType", "lblProject", "vsFilter",   "vsHideColumn", "vsOrder",
                                               "lvwProject",   "tlbProject", "tbFilter",   "cboClassType", "chkPage(0)",
@@ -94,7 +94,7 @@ TEST(Creation, HasEveryControlDressedInOrder) {
 
 TEST(Creation, TranslatesCaptionsButNotLists) {
     TextTier tier(u"EN");
-    NoPrompts prompts;
+    ClosingPrompts prompts;
     Filter filter(tier, prompts);
     FilterControls& controls = filter.controls();
     EXPECT_EQ(controls.lblClassType.caption(), u"<单据类型>");
@@ -109,7 +109,7 @@ TEST(Creation, TranslatesCaptionsButNotLists) {
 
 TEST(SaveDialog, IsTranslatedAndDressedWhenItIsShown) {
     TextTier tier(u"EN");
-    NoPrompts prompts;
+    ClosingPrompts prompts;
     Filter filter(tier, prompts);
     filter.put_ShowScheme(true);
     filter.resize(800, 600, 1);
@@ -122,7 +122,7 @@ TEST(SaveDialog, IsTranslatedAndDressedWhenItIsShown) {
 
 TEST(PageScroll, MovesThePagesByThreePixelsAStepInSixteenBits) {
     tests::NoComponents factory;
-    NoPrompts prompts;
+    ClosingPrompts prompts;
     Filter filter(factory, prompts);
     FilterControls& controls = filter.controls();
     controls.vsPage.setMaximum(1000);
@@ -141,7 +141,7 @@ TEST(PageScroll, MovesThePagesByThreePixelsAStepInSixteenBits) {
 
 TEST(SchemeEntry, WritesItsKeysInTheirOrder) {
     tests::NoComponents factory;
-    NoPrompts prompts;
+    ClosingPrompts prompts;
     Filter filter(factory, prompts);
     EXPECT_EQ(
         filter.get_dctProFileEntry().keys(),

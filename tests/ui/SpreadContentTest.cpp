@@ -10,13 +10,11 @@
 namespace orv::ui {
 namespace {
 
-const CellFormat combo{.type = CellType::comboBox};
-const CellFormat checkBox{.type = CellType::checkBox};
-
 TEST(SpreadContent, CellsBeyondTheGridRaiseError5) {
     Grid grid(8, 30);
     EXPECT_EQ(errorOf([&] { grid.setText(0, 0, u"corner"), grid.setText(8, 30, u"last"); }), 0);
-    for (const auto& [column, row] : {std::pair{9, 1}, {1, 31}, {-1, 1}, {1, -1}}) {
+    for (const CellRef cell : {CellRef{9, 1}, {1, 31}, {-1, 1}, {1, -1}}) {
+        const int column = cell.column, row = cell.row;
         SCOPED_TRACE(testing::Message() << "column " << column << " row " << row);
         EXPECT_EQ(errorOf([&] { grid.text(column, row); }), 5);
         EXPECT_EQ(errorOf([&] { grid.setText(column, row, u""); }), 5);

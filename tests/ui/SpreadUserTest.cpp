@@ -12,9 +12,6 @@
 namespace orv::ui {
 namespace {
 
-const CellFormat combo{.type = CellType::comboBox};
-const CellFormat checkBox{.type = CellType::checkBox};
-
 /// A grid of 8 columns and 10 rows that writes down its events.
 struct SpreadUserTest : testing::Test {
     Grid grid{8, 10};

@@ -34,6 +34,9 @@ inline void PrintTo(const CellSpan& s, std::ostream* out) {
     *out << s.columns << "x" << s.rows << " at column " << s.column << " row " << s.row;
 }
 
+inline const CellFormat combo{.type = CellType::comboBox};
+inline const CellFormat checkBox{.type = CellType::checkBox};
+
 /// A grid of that size whose cells have no content.
 struct Grid : Spread {
     Grid(int columns, int rows) : Spread(u"grid") {

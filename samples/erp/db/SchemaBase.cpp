@@ -5,7 +5,7 @@ namespace orv::erp {
 
 namespace {
 
-constexpr std::string_view statements[] = {
+constexpr std::string_view baseStatementTexts[] = {
     R"sql(CREATE TABLE t_UnitGroup (
         FItemID int NOT NULL PRIMARY KEY, FNumber nvarchar(30) NOT NULL, FName nvarchar(80) NOT NULL
     ))sql",
@@ -116,7 +116,7 @@ constexpr std::string_view statements[] = {
 } // namespace
 
 std::span<const std::string_view> baseTables() {
-    return statements;
+    return baseStatementTexts;
 }
 
 } // namespace orv::erp

@@ -6,7 +6,7 @@ namespace orv::erp {
 
 namespace {
 
-constexpr std::string_view statements[] = {
+constexpr std::string_view billStatementTexts[] = {
     R"sql(CREATE TABLE t_RP_RBill (
         FBillID        int NOT NULL PRIMARY KEY,
         FBillNo        nvarchar(30) NOT NULL,     -- SK000001
@@ -232,7 +232,7 @@ constexpr std::string_view statements[] = {
 } // namespace
 
 std::span<const std::string_view> billTables() {
-    return statements;
+    return billStatementTexts;
 }
 
 } // namespace orv::erp

@@ -44,7 +44,7 @@ class GLData final : public Component {
     }
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass dataClasses[] = {
     {u"ORVConnection.AppConnection", &makeComponent<AppConnection>},
     {u"ORVEBCGLView.GLData", &makeComponent<GLData>},
 };
@@ -52,7 +52,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> dataComponents() {
-    return classes;
+    return dataClasses;
 }
 
 } // namespace orv::erp

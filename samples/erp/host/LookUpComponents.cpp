@@ -177,7 +177,7 @@ class DoAction final : public Component {
     Value billInterface_;
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass lookUpClasses[] = {
     {u"ORVEBCGLView.GLView", &makeComponent<GLView>},
     {u"ORVEBSGLAccount.AccountInfo", &makeComponent<AccountInfo>},
     {u"ORVClassLookUp.SingleBillLookUp", &makeComponent<SingleBillLookUp>},
@@ -187,7 +187,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> lookUpComponents() {
-    return classes;
+    return lookUpClasses;
 }
 
 } // namespace orv::erp

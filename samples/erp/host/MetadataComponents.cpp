@@ -74,7 +74,7 @@ class ClassInfo final : public Component {
     }
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass metadataClasses[] = {
     {u"ORVMClass.ClassInfo", &makeComponent<ClassInfo>},
     {u"ORVClassTpl.DataSrv", &makeComponent<DataService>},
 };
@@ -82,7 +82,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> metadataComponents() {
-    return classes;
+    return metadataClasses;
 }
 
 } // namespace orv::erp

@@ -86,7 +86,7 @@ class WageSettings final : public Component {
     }
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass periodClasses[] = {
     {u"ORVListServer.clsListServer", &makeComponent<ListServer>},
     {u"ORVPASetting.PAview", &makeComponent<WageSettings>},
 };
@@ -94,7 +94,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> periodComponents() {
-    return classes;
+    return periodClasses;
 }
 
 } // namespace orv::erp

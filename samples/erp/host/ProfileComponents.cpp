@@ -101,7 +101,7 @@ class UserProfileUpdate final : public Component {
     }
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass profileClasses[] = {
     {u"ORVMProfile.classUpdate", &makeComponent<ProfileUpdate>},
     {u"ORVMProfile.classInfo", &makeComponent<ProfileInfo>},
     {u"ORVMProfile.ClassUserProfileInfo", &makeComponent<UserProfileInfo>},
@@ -111,7 +111,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> profileComponents() {
-    return classes;
+    return profileClasses;
 }
 
 } // namespace orv::erp

@@ -66,7 +66,7 @@ class ShareProps final : public Component {
     }
 };
 
-constexpr ComponentClass classes[] = {
+constexpr ComponentClass textClasses[] = {
     {u"ORVResLoader.Loader", &makeComponent<ResourceLoader>},
     {u"ORVFrmRes.FrmResLoader", &makeComponent<FontLoader>},
     {u"ORVPropsMgr.ShareProps", &makeComponent<ShareProps>},
@@ -75,7 +75,7 @@ constexpr ComponentClass classes[] = {
 } // namespace
 
 std::span<const ComponentClass> textComponents() {
-    return classes;
+    return textClasses;
 }
 
 } // namespace orv::erp
