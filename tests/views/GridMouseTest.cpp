@@ -51,8 +51,8 @@ TEST_F(GridMouse, ClickGoesToTheCellAndTakesTheFocus) {
 }
 
 TEST_F(GridMouse, ClickAnywhereInASpanGoesToItsFirstCell) {
-    const RECT value = layout().cellRect(grid, 4, 1);
-    click(stage, gridWindow, {value.right - 4, value.top + 4});
+    const RECT span = layout().cellRect(grid, 4, 1);
+    click(stage, gridWindow, {span.right - 4, span.top + 4});
     EXPECT_EQ(grid.activeCell(), (ui::CellRef{4, 1}));
 }
 
