@@ -61,6 +61,9 @@ TEST(HostRecordset, AFieldShowsTheRecordOnWhichTheRecordsetStands) {
     automation::call(rows, u"MoveNext");
     EXPECT_EQ(utf8(name), "nut");
     EXPECT_TRUE(get(automation::toObject(get(rows, u"Fields", u"FPrice")), u"Value").isNull());
+    automation::let(rows, u"AbsolutePosition", std::int32_t{2});
+    EXPECT_EQ(automation::toInt32(automation::get(rows, u"AbsolutePosition")), 2);
+    EXPECT_EQ(errorOf([&] { automation::let(rows, u"AbsolutePosition", std::int32_t{0}); }), adoError::wrongArgument);
     automation::call(rows, u"MoveLast");
     EXPECT_EQ(utf8(name), "O'Ring");
     automation::call(rows, u"MovePrevious");

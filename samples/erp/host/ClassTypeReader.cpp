@@ -52,11 +52,13 @@ PeriodAnswer periodOf(const Json& json, const std::string& where) {
 
 ListDescription listOf(const Json& json, const std::string& where) {
     const std::string place = where + ", list";
-    ListDescription list{needText(json, "from", place), needText(json, "key", place), {}};
+    ListDescription list{needText(json, "from", place), needText(json, "key", place), {}, {}};
+    list.entryKey = textOr(json, "entryKey", place);
     if (json.contains("joins")) {
         expectArray(json["joins"], place);
         for (const Json& join : json["joins"])
-            list.joins.push_back({needText(join, "table", place), needText(join, "clause", place)});
+            list.joins.push_back(
+                {needText(join, "table", place), needText(join, "clause", place), textOr(join, "needs", place)});
     }
     return list;
 }

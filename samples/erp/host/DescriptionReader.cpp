@@ -151,6 +151,14 @@ void DescriptionReader::readLookUpClasses(const Json& list) {
         place.filter = textOr(item, "filter", where);
         if (item.contains("number"))
             place.numberColumn = needText(item, "number", where);
+        place.name = textOr(item, "name", where);
+        if (!item.contains("columns"))
+            continue;
+        const Json& columns = item["columns"];
+        expectObject(columns, where);
+        for (const auto& column : columns.items())
+            place.columns.push_back(
+                {automation::fromUtf8(column.key()), needText(columns, column.key().c_str(), where)});
     }
 }
 

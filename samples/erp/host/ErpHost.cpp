@@ -4,6 +4,7 @@
 #include "automation/Coercion.h"
 #include "automation/MemberNames.h"
 #include "automation/Records.h"
+#include "erp/host/BillList.h"
 #include "erp/host/ComponentTable.h"
 #include "erp/host/DataService.h"
 #include "erp/host/DescribedTables.h"
@@ -124,6 +125,9 @@ const std::u16string& ErpHost::props() const noexcept {
     return state_->props;
 }
 
+void ErpHost::setLookUpDialog(std::shared_ptr<LookUpDialog> dialog) {
+    state_->lookUpDialog = std::move(dialog);
+}
 void ErpHost::queueLookUp(std::u16string_view number) {
     state_->lookUps.push({false, std::u16string(number), {}});
 }
@@ -156,6 +160,39 @@ ListResult ErpHost::list(std::int32_t classTypeId, std::u16string_view where, st
         throw AutomationError(automation::errorNumber::invalidCall, u"ORVErp.Host",
                               u"单据类型 " + automation::toText(classTypeId) + u" 没有列表");
     return runList(state_->database, *type->list, {where, headSort, entrySort}, firstKeys);
+}
+
+BillList ErpHost::billList(std::int32_t classTypeId, std::span<const BillColumn> columns, std::u16string_view where,
+                           std::u16string_view headSort, std::u16string_view entrySort) {
+    const auto* type = state_->description.findClassType(classTypeId);
+    if (type == nullptr)
+        throw AutomationError(automation::errorNumber::invalidCall, u"ORVErp.Host",
+                              u"没有单据类型 " + automation::toText(classTypeId));
+    return runBillList(state_->database, *type, columns, {where, headSort, entrySort});
+}
+
+void ErpHost::logOn(std::u16string_view user, std::u16string_view language) {
+    const automation::Value name[] = {std::u16string(user)};
+    const ResultSet found =
+        user.empty() ? state_->database.query(u"SELECT FUserID, FName FROM t_user WHERE FUserID=1")
+                     : state_->database.query(u"SELECT FUserID, FName FROM t_user WHERE FDisabled=0 AND FName=?", name);
+    if (found.rows.empty())
+        throw AutomationError(automation::errorNumber::invalidCall, u"ORVErp.Host",
+                              u"没有用户 " + std::u16string(user));
+    state_->props = u"UserID=" + automation::toText(found.rows[0][0]) + u";UserName=" +
+                    automation::toText(found.rows[0][1]) + u";Language=" + std::u16string(language) +
+                    u";ItemNaming=物料";
+}
+
+void ErpHost::setNow(automation::Date now) {
+    state_->database.setNow(now);
+}
+
+automation::Collection ErpHost::classTypes() {
+    const automation::Collection list = automation::makeCollection();
+    for (const ClassTypeDescription& type : state_->description.classTypes())
+        list.add(type.record.cloneAll().object());
+    return list;
 }
 
 Database& ErpHost::database() noexcept {

@@ -9,6 +9,7 @@
 #include <map>
 #include <memory>
 #include <optional>
+#include <span>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -16,7 +17,11 @@
 namespace orv::erp {
 
 class Database;
+class LookUpDialog;
 struct HostState;
+
+struct BillColumn;
+struct BillList;
 
 struct HostOptions {
     std::string databasePath = ":memory:"; ///< UTF-8
@@ -60,7 +65,9 @@ class ErpHost : public automation::ObjectFactory {
     void setProps(std::u16string props);
     const std::u16string& props() const noexcept;
 
-    /// Answers for look-up dialogs to come, in order; without an answer a dialog is cancelled.
+    /// Who shows the look-ups that no answer waits for; with null, as at first, they are cancelled.
+    void setLookUpDialog(std::shared_ptr<LookUpDialog> dialog);
+    /// Answers for look-up dialogs to come, in order, which are not shown then.
     /// The record of that number (FNumber of base data, the bill number of a bill) is chosen, or
     void queueLookUp(std::u16string_view number);
     /// a record with these columns is, or
@@ -80,6 +87,18 @@ class ErpHost : public automation::ObjectFactory {
     /// Runs the list of a class type with the control's filter and sort texts ("" for none).
     ListResult list(std::int32_t classTypeId, std::u16string_view where, std::u16string_view headSort,
                     std::u16string_view entrySort, std::size_t firstKeys);
+
+    /// The same with the columns that the control's `m_Header` says.
+    BillList billList(std::int32_t classTypeId, std::span<const BillColumn> columns, std::u16string_view where,
+                      std::u16string_view headSort, std::u16string_view entrySort);
+
+    /// Makes a user of the database the logged-on one, by his name ("": user 1); error 5 when there is none, or he is
+    /// disabled. `language`: "CHS", "CHT" or "EN".
+    void logOn(std::u16string_view user, std::u16string_view language);
+    /// Sets the server's clock.
+    void setNow(automation::Date now);
+    /// The class types in the host's order: their records, as copies.
+    automation::Collection classTypes();
 
     Database& database() noexcept;
 

@@ -4,6 +4,7 @@
 #include "automation/Views.h"
 #include "erp/db/Database.h"
 #include "erp/host/DescribedTables.h"
+#include "erp/host/LookUpDialog.h"
 
 #include <cstdint>
 #include <map>
@@ -31,8 +32,11 @@ struct ListDescription {
     struct Join {
         std::u16string table; ///< as the conditions name it
         std::u16string clause;
+        std::u16string needs; ///< table of an earlier join that this one builds on, or empty
     };
     std::vector<Join> joins; ///< in the order in which they must stand
+    /// Column that tells the rows of an entry table apart within their bill; empty when the tables have none.
+    std::u16string entryKey;
 };
 
 /// One class type of a host.
@@ -55,6 +59,8 @@ struct LookUpClass {
     std::u16string table;
     std::u16string filter;                    ///< further condition, or empty
     std::u16string numberColumn = u"FNumber"; ///< by what a record is picked
+    std::u16string name;                      ///< title of the dialog, or empty
+    std::vector<LookUpColumn> columns;        ///< what the dialog shows; empty: number and name
 };
 
 /// A host as scenario files and the built-in metadata describe it (JSON; the format is described in

@@ -5,6 +5,7 @@
 #include "support/Letters.h"
 
 #include <unordered_set>
+#include <vector>
 
 namespace orv::erp {
 
@@ -29,11 +30,20 @@ bool names(std::u16string_view text, std::u16string_view table) {
 
 } // namespace
 
-std::u16string listSql(const ListDescription& list, const ListTexts& texts) {
-    std::u16string sql = u"SELECT " + list.key + u" AS FListKey FROM " + list.from;
-    for (const auto& join : list.joins)
-        if (names(texts.where, join.table) || names(texts.headSort, join.table) || names(texts.entrySort, join.table))
-            sql.append(u" ").append(join.clause);
+std::u16string listSql(const ListDescription& list, const ListTexts& texts, std::u16string_view selectList) {
+    std::u16string sql = u"SELECT " + std::u16string(selectList) + u" FROM " + list.from;
+    std::vector<bool> takesPart(list.joins.size());
+    // Backwards, since a join builds on earlier ones only.
+    for (std::size_t i = list.joins.size(); i-- > 0;) {
+        const auto& join = list.joins[i];
+        for (const auto text : {selectList, texts.where, texts.headSort, texts.entrySort})
+            takesPart[i] = takesPart[i] || names(text, join.table);
+        for (std::size_t later = i + 1; later < list.joins.size(); ++later)
+            takesPart[i] = takesPart[i] || (takesPart[later] && list.joins[later].needs == join.table);
+    }
+    for (std::size_t i = 0; i < list.joins.size(); ++i)
+        if (takesPart[i])
+            sql.append(u" ").append(list.joins[i].clause);
     if (!support::Trim(texts.where).empty())
         sql.append(u" WHERE ").append(texts.where);
     std::u16string_view separator = u" ORDER BY ";
@@ -48,7 +58,7 @@ std::u16string listSql(const ListDescription& list, const ListTexts& texts) {
 ListResult runList(const Database& database, const ListDescription& list, const ListTexts& texts,
                    std::size_t firstKeys) {
     ListResult result;
-    result.sql = listSql(list, texts);
+    result.sql = listSql(list, texts, list.key + u" AS FListKey");
     const ResultSet found = database.query(result.sql);
     result.rows = found.rows.size();
     std::unordered_set<std::u16string> seen;

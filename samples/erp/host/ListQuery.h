@@ -16,8 +16,9 @@ struct ListTexts {
     std::u16string_view entrySort;
 };
 
-/// The statement of a list window: the bill number from the header table and those joined tables that the texts name.
-std::u16string listSql(const ListDescription& list, const ListTexts& texts);
+/// The statement of a list window: `selectList` from the header table and those joined tables that it and the texts
+/// name.
+std::u16string listSql(const ListDescription& list, const ListTexts& texts, std::u16string_view selectList);
 
 ListResult runList(const Database& database, const ListDescription& list, const ListTexts& texts,
                    std::size_t firstKeys);

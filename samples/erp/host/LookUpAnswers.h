@@ -15,13 +15,14 @@ struct LookUpAnswer {
     automation::Dictionary properties; ///< is the chosen record itself
 };
 
-/// The answers that wait for the look-up dialogs to come; with none left a dialog is cancelled.
+/// The answers that wait for the look-up dialogs to come.
 class LookUpAnswers {
   public:
     void push(LookUpAnswer answer) { queue_.push_back(std::move(answer)); }
-    LookUpAnswer take() {
+    /// Nothing when no answer waits.
+    std::optional<LookUpAnswer> take() {
         if (queue_.empty())
-            return {true, {}, {}};
+            return std::nullopt;
         LookUpAnswer answer = std::move(queue_.front());
         queue_.pop_front();
         return answer;

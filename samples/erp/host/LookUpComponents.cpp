@@ -40,25 +40,44 @@ class GLView final : public Component {
     }
 
   private:
-    /// (class identifier, text, text, options)
-    Value itemLookUp(Arguments arguments) { return choose(automation::toInt32(arguments[0].value())); }
-    /// (text, unit group)
-    Value unitLookup(Arguments) { return choose(lookUpClass::unit); }
+    /// (class identifier, filter, filter group, options)
+    Value itemLookUp(Arguments arguments) {
+        const Value& given = arguments[3].value();
+        const Dictionary options(given.isObject() ? automation::toObject(given) : nullptr);
+        const bool isMultiple = options && automation::toInt32(options.getValue(u"MultiSlt", std::int32_t{0})) != 0;
+        return choose({automation::toInt32(arguments[0].value()), textOf(arguments[1]), {}, isMultiple});
+    }
+    /// (filter, unit group)
+    Value unitLookup(Arguments arguments) {
+        return choose({lookUpClass::unit, textOf(arguments[0]), textOf(arguments[1]), false});
+    }
     /// (class identifier, filter)
-    Value subMesLookup(Arguments arguments) { return choose(automation::toInt32(arguments[0].value())); }
+    Value subMesLookup(Arguments arguments) {
+        return choose({automation::toInt32(arguments[0].value()), textOf(arguments[1]), {}, false});
+    }
     /// (filter)
-    Value currencyLookup(Arguments) { return choose(lookUpClass::currency); }
+    Value currencyLookup(Arguments arguments) {
+        return choose({lookUpClass::currency, textOf(arguments[0]), {}, false});
+    }
     /// (filter)
-    Value settTypeLookup(Arguments) { return choose(lookUpClass::settleType); }
-    /// (options), or (options, filter group, filter)
-    Value accountLookup(Arguments) { return choose(lookUpClass::account); }
+    Value settTypeLookup(Arguments arguments) {
+        return choose({lookUpClass::settleType, textOf(arguments[0]), {}, false});
+    }
+    /// (filter), or (options, filter group, filter)
+    Value accountLookup(Arguments arguments) {
+        return choose({lookUpClass::account, textOf(arguments.back()), {}, false});
+    }
 
     Value returnObject(Arguments) { return chosen_; }
     Value returnOk(Arguments) { return chosen_ != nullptr; }
 
-    Value choose(std::int32_t identifier) {
+    static std::u16string textOf(const automation::Argument& argument) {
+        const Value& value = argument.value();
+        return value.isNull() || value.isObject() || value.isMissing() ? std::u16string() : automation::toText(value);
+    }
+    Value choose(const BaseDataLookUp& lookUp) {
         chosen_ = nullptr;
-        chosen_ = chooseBaseData(state(), identifier);
+        chosen_ = chooseBaseData(state(), lookUp);
         return chosen_ != nullptr;
     }
 
@@ -91,7 +110,7 @@ class SingleBillLookUp final : public Component {
 
     Value show(Arguments) {
         chosen_ = nullptr;
-        chosen_ = chooseBill(state(), classTypeId_);
+        chosen_ = chooseBill(state(), classTypeId_, filter_);
         return chosen_ != nullptr;
     }
     Value choice(Arguments) { return chosen_; }

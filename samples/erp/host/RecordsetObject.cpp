@@ -18,7 +18,9 @@ namespace {
 AutomationError adoFailure(std::int32_t number) {
     const char16_t* text = number == adoError::noCurrentRecord ? u"BOF 或 EOF 中有一个是“真”，或者当前的记录已被删除"
                            : number == adoError::itemNotFound ? u"在对应所需名称或序数的集合中，未找到项目"
-                                                              : u"对象关闭时，不允许操作";
+                           : number == adoError::wrongArgument
+                               ? u"变量类型不正确、不在可以接受的范围之内或与其它数据冲突"
+                               : u"对象关闭时，不允许操作";
     return {number, u"ADODB.Recordset", text};
 }
 
@@ -89,6 +91,7 @@ std::span<const Member> RecordsetObject::members() const {
         method<&RecordsetObject::moveNext>(u"MoveNext", 0),
         method<&RecordsetObject::movePrevious>(u"MovePrevious", 0),
         method<&RecordsetObject::moveLast>(u"MoveLast", 0),
+        property<&RecordsetObject::getPosition, &RecordsetObject::setPosition>(u"AbsolutePosition"),
         property<&RecordsetObject::getFilter, &RecordsetObject::setFilter>(u"Filter"),
         method<&RecordsetObject::close>(u"Close", 0),
         readOnly<&RecordsetObject::state>(u"State"),
@@ -175,6 +178,25 @@ void RecordsetObject::moveLast(Arguments) {
     if (selected_.empty())
         throw adoFailure(adoError::noCurrentRecord);
     position_ = static_cast<std::ptrdiff_t>(selected_.size()) - 1;
+}
+
+/// 1-based; ADO's -2 stands for BOF, -3 for EOF, -1 for a recordset without records.
+Value RecordsetObject::getPosition(Arguments) {
+    expectOpen();
+    if (selected_.empty())
+        return std::int32_t{-1};
+    if (position_ < 0)
+        return std::int32_t{-2};
+    return static_cast<std::size_t>(position_) == selected_.size() ? std::int32_t{-3}
+                                                                   : static_cast<std::int32_t>(position_ + 1);
+}
+
+void RecordsetObject::setPosition(Arguments arguments) {
+    expectOpen();
+    const std::int32_t position = automation::toInt32(arguments[0].value());
+    if (position < 1 || static_cast<std::size_t>(position) > selected_.size())
+        throw adoFailure(adoError::wrongArgument);
+    position_ = position - 1;
 }
 
 Value RecordsetObject::getFilter(Arguments) {

@@ -11,7 +11,7 @@
 namespace orv::erp {
 
 /// A recordset with the member names of ADO: Fields(name or 0-based index).Value, Collect, RecordCount, EOF, BOF,
-/// MoveFirst, MoveNext, MovePrevious, MoveLast, Filter, Close, State. The default member is Fields.
+/// MoveFirst, MoveNext, MovePrevious, MoveLast, AbsolutePosition, Filter, Close, State. The default member is Fields.
 /// Column names compare ignoring letter case. Read-only and client-side; it stands on the first record at first.
 class RecordsetObject final : public MemberObject {
   public:
@@ -39,6 +39,8 @@ class RecordsetObject final : public MemberObject {
     void moveNext(automation::Arguments);
     void movePrevious(automation::Arguments);
     void moveLast(automation::Arguments);
+    automation::Value getPosition(automation::Arguments);
+    void setPosition(automation::Arguments arguments);
     automation::Value getFilter(automation::Arguments);
     void setFilter(automation::Arguments arguments);
     void close(automation::Arguments);

@@ -30,7 +30,9 @@ class ResourceLoader final : public Component {
     /// The translation of a Simplified Chinese text; the text itself in any other resource file or language.
     Value loadString2(Arguments arguments) {
         const std::u16string text = automation::toText(arguments[0].value());
-        return automation::sameMember(file_, u"ORVDesign") ? TextTable::design().translate(text, language_) : text;
+        if (automation::sameMember(file_, u"ORVDesign"))
+            return TextTable::design().translate(text, language_);
+        return automation::sameMember(file_, u"ORVList") ? TextTable::list().translate(text, language_) : text;
     }
 
     std::u16string file_;

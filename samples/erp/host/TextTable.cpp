@@ -16,6 +16,11 @@ const TextTable& TextTable::design() {
     return table;
 }
 
+const TextTable& TextTable::list() {
+    static const TextTable table(embeddedListTexts());
+    return table;
+}
+
 TextTable::TextTable(std::string_view json) {
     constexpr std::string_view where = "resource texts";
     const Json list = Json::parse(json, nullptr, false);

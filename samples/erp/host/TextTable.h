@@ -7,7 +7,7 @@
 
 namespace orv::erp {
 
-/// The resource file of captions and messages: a text in Simplified Chinese and its translations.
+/// A resource file of captions and messages: a text in Simplified Chinese and its translations.
 class TextTable {
   public:
     struct Entry {
@@ -18,6 +18,8 @@ class TextTable {
 
     /// The texts of the resource file "ORVDesign". AutomationError 5 if the embedded file is malformed.
     static const TextTable& design();
+    /// Those of "ORVList": the list window and the host's own dialogs.
+    static const TextTable& list();
 
     /// Reads `[{"CHS": ..., "CHT": ..., "EN": ...}, ...]` (UTF-8). A text must not stand there twice.
     explicit TextTable(std::string_view json);

@@ -1,14 +1,15 @@
 # Puts the description of the built-in ERP and its texts into the library. Used in two ways: included, it adds the
-# generated source to orv_erp; run as a script (-DOUT=... -DFILES=... -DTEXTS=...), it writes that source.
+# generated source to orv_erp; run as a script (-DOUT=... -DFILES=... -DTEXTS=... -DLIST_TEXTS=...), it writes that source.
 if(NOT CMAKE_SCRIPT_MODE_FILE)
     file(GLOB orv_erp_metadata CONFIGURE_DEPENDS "${CMAKE_CURRENT_LIST_DIR}/*.json")
     set(orv_erp_texts "${CMAKE_CURRENT_LIST_DIR}/../resources/texts.json")
+    set(orv_erp_list_texts "${CMAKE_CURRENT_LIST_DIR}/../resources/list-texts.json")
     set(orv_erp_embedded "${CMAKE_CURRENT_BINARY_DIR}/erp/Embedded.cpp")
     string(REPLACE ";" "|" orv_erp_files "${orv_erp_metadata}")
     add_custom_command(OUTPUT "${orv_erp_embedded}"
         COMMAND "${CMAKE_COMMAND}" "-DOUT=${orv_erp_embedded}" "-DFILES=${orv_erp_files}" "-DTEXTS=${orv_erp_texts}"
-            -P "${CMAKE_CURRENT_LIST_FILE}"
-        DEPENDS ${orv_erp_metadata} "${orv_erp_texts}" "${CMAKE_CURRENT_LIST_FILE}"
+            "-DLIST_TEXTS=${orv_erp_list_texts}" -P "${CMAKE_CURRENT_LIST_FILE}"
+        DEPENDS ${orv_erp_metadata} "${orv_erp_texts}" "${orv_erp_list_texts}" "${CMAKE_CURRENT_LIST_FILE}"
         COMMENT "Embedding the description of the sample ERP" VERBATIM)
     target_sources(orv_erp PRIVATE "${orv_erp_embedded}")
     return()
@@ -42,7 +43,10 @@ foreach(file IN LISTS FILES)
     math(EXPR number "${number} + 1")
 endforeach()
 quoted(bytes "${TEXTS}")
-string(APPEND source "constexpr char texts[] =${bytes};\n\nconstexpr EmbeddedFile files[] = {\n${entries}};\n} // namespace\n\n"
+string(APPEND source "constexpr char texts[] =${bytes};\n")
+quoted(bytes "${LIST_TEXTS}")
+string(APPEND source "constexpr char listTexts[] =${bytes};\n\nconstexpr EmbeddedFile files[] = {\n${entries}};\n} // namespace\n\n"
     "std::span<const EmbeddedFile> embeddedDescription() { return files; }\n"
-    "std::string_view embeddedTexts() { return {texts, sizeof(texts) - 1}; }\n\n} // namespace orv::erp\n")
+    "std::string_view embeddedTexts() { return {texts, sizeof(texts) - 1}; }\n"
+    "std::string_view embeddedListTexts() { return {listTexts, sizeof(listTexts) - 1}; }\n\n} // namespace orv::erp\n")
 file(WRITE "${OUT}" "${source}")

@@ -16,5 +16,7 @@ std::span<const EmbeddedFile> embeddedDescription();
 
 /// The captions and messages with their translations (samples/erp/resources/texts.json).
 std::string_view embeddedTexts();
+/// Those of the list window and the host's dialogs (samples/erp/resources/list-texts.json).
+std::string_view embeddedListTexts();
 
 } // namespace orv::erp

@@ -4,6 +4,7 @@
 #include "automation/Coercion.h"
 #include "automation/Text.h"
 #include "erp/host/ErpHost.h"
+#include "erp/windows/lookup/LookUpWindow.h"
 #include "windows/com/Handles.h"
 
 #include <windows.h>
@@ -44,23 +45,42 @@ std::u16string defaultDatabase() {
     return own + u"\\erp.db";
 }
 
-HostOptions optionsOfEnvironment() {
+HostOptions optionsOfEnvironment(const std::u16string& database) {
     HostOptions options;
-    const auto database = environmentText(u"ORV_ERP_DB");
-    options.databasePath = automation::toUtf8(database ? *database : defaultDatabase());
+    options.databasePath = automation::toUtf8(database);
     options.props = environmentText(u"ORV_ERP_PROPS").value_or(std::u16string());
     if (auto now = environmentText(u"ORV_ERP_NOW"))
         options.now = automation::toDate(automation::Value(std::move(*now))).days;
     return options;
 }
 
+/// Null until the ERP is opened.
+std::shared_ptr<ErpHost>& openedHost() {
+    static std::shared_ptr<ErpHost> host;
+    return host;
+}
+
+void open(const HostOptions& options) {
+    std::shared_ptr<ErpHost> host = ErpHost::open(options);
+    host->setLookUpDialog(makeLookUpWindow());
+    openedHost() = std::move(host);
+}
+
 } // namespace
 
 const std::shared_ptr<ErpHost>& hostOfProcess() {
-    static std::shared_ptr<ErpHost> host;
-    if (!host)
-        host = ErpHost::open(optionsOfEnvironment());
-    return host;
+    if (!openedHost()) {
+        const auto database = environmentText(u"ORV_ERP_DB");
+        open(optionsOfEnvironment(database ? *database : defaultDatabase()));
+    }
+    return openedHost();
+}
+
+void openHostOfProcess(const std::u16string& database) {
+    if (openedHost())
+        throw automation::AutomationError(automation::errorNumber::invalidCall, u"OrvSample.Host",
+                                          u"The database of the process is open already.");
+    open(optionsOfEnvironment(database));
 }
 
 } // namespace orv::erp

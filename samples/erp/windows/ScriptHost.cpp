@@ -2,10 +2,13 @@
 
 #include "automation/Coercion.h"
 #include "automation/Records.h"
+#include "erp/host/BillList.h"
 #include "erp/host/ErpHost.h"
 #include "erp/host/MemberObject.h"
+#include "erp/host/RecordsetObject.h"
 #include "erp/windows/ConditionTyping.h"
 #include "erp/windows/HostProcess.h"
+#include "support/PairList.h"
 #include "support/Pieces.h"
 
 namespace orv::erp {
@@ -21,10 +24,33 @@ std::u16string textOf(const automation::Argument& argument) {
     return argument.value().isMissing() ? std::u16string() : automation::toText(argument.value());
 }
 
+/// The columns that a control's header asks for.
+std::vector<BillColumn> columnsOf(const automation::Collection& header) {
+    std::vector<BillColumn> columns;
+    const std::int32_t count = header.count();
+    for (std::int32_t i = 1; i <= count; ++i) {
+        const automation::Dictionary column = header.record(i);
+        columns.push_back({.key = automation::toText(column.get(u"FKey")),
+                           .expression = automation::toText(column.get(u"FFieldNameExt")),
+                           .page = automation::toInt32(column.get(u"FPage")),
+                           .isSummed = automation::toInt32(column.get(u"FNeedCount")) != 0});
+    }
+    return columns;
+}
+
 class ScriptHost final : public MemberObject {
   public:
     std::span<const Member> members() const override;
 
+    void open(Arguments arguments) { openHostOfProcess(textOf(arguments[0])); }
+    Value logOn(Arguments arguments) {
+        const auto& host = hostOfProcess();
+        host->logOn(textOf(arguments[0]), textOf(arguments[1]));
+        return support::lookupPair(host->props(), u"UserName", support::propsSeparator);
+    }
+    Value getNow(Arguments) { return hostOfProcess()->database().now(); }
+    void letNow(Arguments arguments) { hostOfProcess()->setNow(automation::toDate(arguments[0].value())); }
+    Value classTypes(Arguments) { return hostOfProcess()->classTypes().object(); }
     Value dataService(Arguments arguments) {
         return hostOfProcess()->dataService(automation::toInt32(arguments[0].value()));
     }
@@ -40,6 +66,23 @@ class ScriptHost final : public MemberObject {
         answer.set(u"Bills", static_cast<std::int32_t>(result.bills));
         answer.set(u"FirstKeys", keys);
         answer.set(u"SQL", result.sql);
+        return answer.object();
+    }
+    Value billList(Arguments arguments) {
+        const std::vector<BillColumn> columns =
+            columnsOf(automation::Collection(automation::toObject(arguments[1].value())));
+        BillList result = hostOfProcess()->billList(automation::toInt32(arguments[0].value()), columns,
+                                                    textOf(arguments[2]), textOf(arguments[3]), textOf(arguments[4]));
+        const automation::Dictionary sums = automation::makeDictionary();
+        for (std::size_t i = 0; i < columns.size(); ++i)
+            if (columns[i].isSummed)
+                sums.set(columns[i].key, result.sums[i]);
+        const automation::Dictionary answer = automation::makeDictionary();
+        answer.set(u"Rows", static_cast<std::int32_t>(result.records.rows.size()));
+        answer.set(u"Bills", static_cast<std::int32_t>(result.bills));
+        answer.set(u"Sums", sums.object());
+        answer.set(u"SQL", result.sql);
+        answer.set(u"Records", automation::ObjectRef(RecordsetObject::make(std::move(result.records))));
         return answer.object();
     }
     void fillRow(Arguments arguments) {
@@ -76,10 +119,15 @@ class ScriptHost final : public MemberObject {
 };
 
 constexpr Member scriptMembers[] = {
+    method<&ScriptHost::open>(u"Open", 1),
+    method<&ScriptHost::logOn>(u"LogOn", 2),
+    property<&ScriptHost::getNow, &ScriptHost::letNow>(u"Now"),
+    method<&ScriptHost::classTypes>(u"ClassTypes", 0),
     method<&ScriptHost::dataService>(u"DataService", 1),
     method<&ScriptHost::settings>(u"Settings", 0),
     method<&ScriptHost::rows>(u"Rows", 4),
     method<&ScriptHost::list>(u"List", 4),
+    method<&ScriptHost::billList>(u"BillList", 5),
     method<&ScriptHost::fillRow>(u"FillRow", 8),
     method<&ScriptHost::answerLookUp>(u"AnswerLookUp", 1),
     method<&ScriptHost::failNext>(u"FailNext", 4),
