@@ -79,8 +79,9 @@ Snapshot expectedEntries() {
         {key + u"versionindependentprogid\\=", u"ORVFilter.Filter"},
         {key + u"typelib\\=", libid},
         {key + u"version\\=", u"1.2"},
-        {key + u"programmable\\=", u""},
-        {key + u"control\\=", u""},
+        {key + u"programmable\\", u""},
+        {key + u"control\\", u""},
+        {key + u"implemented categories\\{40fc6ed4-2438-11cf-a3db-080036f12502}\\", u""},
         {key + u"miscstatus\\=", u"0"},
         {key + u"miscstatus\\1\\=", u"131473"},
         {key + u"toolboxbitmap32\\=", path + u", 101"},
@@ -91,6 +92,7 @@ Snapshot expectedEntries() {
         {u"orvfilter.filter.1\\clsid\\=", clsid},
         {library + u"=", u"ORVFilter"},
         {library + u"flags\\=", u"0"},
+        {library + u"helpdir\\=", path.substr(0, path.rfind(u'\\') + 1)},
         {library + u"409\\" + platform + u"\\=", path},
     };
     for (const IID& id : {__uuidof(_Filter), __uuidof(__Filter)}) {
@@ -155,7 +157,7 @@ TEST(Registration, ForTheUserLeavesTheMachineAlone) {
     EXPECT_EQ(dll.install(true, L"nobody"), E_INVALIDARG);
 }
 
-TEST(Registration, OfOneBitnessLeavesTheOthersTypeLibrary) {
+TEST(Registration, OfOneBitnessLeavesWhatItSharesWithTheOther) {
     const Dll dll(u"ORVFilter.ocx");
     ASSERT_EQ(dll.install(true, L"user"), S_OK);
     const std::u16string library = u"Software\\Classes\\TypeLib\\" + guidText(LIBID_ORVFilter);
@@ -169,11 +171,16 @@ TEST(Registration, OfOneBitnessLeavesTheOthersTypeLibrary) {
     const std::u16string locale = u"typelib\\" + guidText(LIBID_ORVFilter) + u"\\1.2\\409\\";
     EXPECT_TRUE(left.contains(locale + u"win16\\"));
     EXPECT_FALSE(left.contains(locale + platform + u"\\"));
-    EXPECT_TRUE(left.contains(u"interface\\" + guidText(__uuidof(_Filter)) + u"\\")) << "both bitnesses share it";
+    EXPECT_TRUE(left.contains(u"orvfilter.filter\\clsid\\"));
+    EXPECT_TRUE(left.contains(u"orvfilter.filter.1\\clsid\\"));
+    EXPECT_FALSE(left.contains(u"interface\\" + guidText(__uuidof(_Filter)) + u"\\")) << "each bitness has its own";
+    EXPECT_FALSE(left.contains(u"clsid\\" + guidText(__uuidof(::Filter)) + u"\\")) << "each bitness has its own";
 
     RegDeleteTreeW(HKEY_CURRENT_USER, asWide(other));
     ASSERT_EQ(dll.install(false, L"user"), S_OK);
-    EXPECT_FALSE(classesOf(HKEY_CURRENT_USER).contains(u"typelib\\" + guidText(LIBID_ORVFilter) + u"\\"));
+    const Snapshot nothing = classesOf(HKEY_CURRENT_USER);
+    EXPECT_FALSE(nothing.contains(u"typelib\\" + guidText(LIBID_ORVFilter) + u"\\"));
+    EXPECT_FALSE(nothing.contains(u"orvfilter.filter\\"));
 }
 
 const char16_t* const sampleProgIds[] = {

@@ -8,6 +8,7 @@
 #include <objbase.h>
 
 #include <iterator>
+#include <optional>
 
 namespace orv::windows {
 
@@ -30,7 +31,7 @@ constexpr std::u16string_view platformKey = u"win32";
 struct Entry {
     std::u16string path;
     std::u16string name;
-    std::u16string text;
+    std::optional<std::u16string> text; ///< none for a key whose mere being there counts
 };
 
 std::u16string guidText(const GUID& id) {
@@ -80,18 +81,18 @@ void addClass(std::vector<Entry>& entries, const ClassRegistration& served, cons
     entries.push_back({key + u"\\InprocServer32", u"ThreadingModel", u"Apartment"});
     entries.push_back({key + u"\\ProgID", u"", versioned});
     entries.push_back({key + u"\\VersionIndependentProgID", u"", served.progId});
-    entries.push_back({key + u"\\Programmable", u"", u""});
+    entries.push_back({key + u"\\Programmable", u"", std::nullopt});
     if (registration.typeLibrary) {
         entries.push_back({key + u"\\TypeLib", u"", guidText(registration.typeLibrary->id)});
         entries.push_back({key + u"\\Version", u"", versionText(*registration.typeLibrary)});
     }
     if (served.isControl) {
-        entries.push_back({key + u"\\Control", u"", u""});
+        entries.push_back({key + u"\\Control", u"", std::nullopt});
         // For all aspects of the picture, then for the content alone (DVASPECT_CONTENT is 1).
         entries.push_back({key + u"\\MiscStatus", u"", u"0"});
         entries.push_back({key + u"\\MiscStatus\\1", u"", decimal(served.miscStatus)});
         entries.push_back({key + u"\\ToolboxBitmap32", u"", registration.path + u", " + decimal(served.toolboxBitmap)});
-        entries.push_back({key + u"\\Implemented Categories\\" + std::u16string(controlCategory), u"", u""});
+        entries.push_back({key + u"\\Implemented Categories\\" + std::u16string(controlCategory), u"", std::nullopt});
     }
     entries.push_back({served.progId, u"", served.description});
     entries.push_back({served.progId + u"\\CLSID", u"", guidText(served.id)});
@@ -104,7 +105,8 @@ void addTypeLibrary(std::vector<Entry>& entries, const TypeLibraryRegistration& 
     const std::u16string key = libraryPath(library);
     entries.push_back({key, u"", std::u16string(library.description)});
     entries.push_back({key + u"\\FLAGS", u"", u"0"});
-    entries.push_back({key + u"\\HELPDIR", u"", path.substr(0, path.find_last_of(u'\\'))});
+    // With the backslash at its end, as an installer writes folders.
+    entries.push_back({key + u"\\HELPDIR", u"", path.substr(0, path.find_last_of(u'\\') + 1)});
     entries.push_back({key + u"\\" + hexadecimal(library.locale) + u"\\" + std::u16string(platformKey), u"", path});
     for (const InterfaceRegistration& described : library.interfaces) {
         const std::u16string interfaceKey = interfacePath(described);
@@ -126,7 +128,9 @@ HRESULT write(HKEY classes, const std::vector<Entry>& entries) {
         RegistryKey key;
         if (const HRESULT created = key.create(classes, entry.path); FAILED(created))
             return created;
-        if (const HRESULT written = key.setText(entry.name, entry.text); FAILED(written))
+        if (!entry.text)
+            continue;
+        if (const HRESULT written = key.setText(entry.name, *entry.text); FAILED(written))
             return written;
     }
     return S_OK;
@@ -141,23 +145,11 @@ HRESULT deleteIfEmpty(HKEY classes, const std::u16string& path) {
     return deleteTree(classes, path);
 }
 
-HRESULT removeTypeLibrary(HKEY classes, const TypeLibraryRegistration& library) {
-    const std::u16string version = libraryPath(library);
-    const std::u16string locale = version + u"\\" + hexadecimal(library.locale);
-    if (const HRESULT removed = deleteTree(classes, locale + u"\\" + std::u16string(platformKey)); FAILED(removed))
-        return removed;
-    RegistryKey left;
-    const bool otherPlatform = SUCCEEDED(left.open(classes, locale)) && left.hasSubkeys();
-    left = RegistryKey();
-    if (otherPlatform)
-        return S_OK;
-    for (const InterfaceRegistration& described : library.interfaces) {
-        if (const HRESULT removed = deleteTree(classes, interfacePath(described)); FAILED(removed))
-            return removed;
-    }
-    if (const HRESULT removed = deleteTree(classes, version); FAILED(removed))
-        return removed;
-    return deleteIfEmpty(classes, u"TypeLib\\" + guidText(library.id));
+/// Whether the type library is still there for a control of the other bitness, whose ProgIDs are the same keys.
+bool otherPlatformRegistered(HKEY classes, const TypeLibraryRegistration& library) {
+    RegistryKey locale;
+    return SUCCEEDED(locale.open(classes, libraryPath(library) + u"\\" + hexadecimal(library.locale))) &&
+           locale.hasSubkeys();
 }
 
 HRESULT remove(HKEY classes, const Registration& registration) {
@@ -166,13 +158,26 @@ HRESULT remove(HKEY classes, const Registration& registration) {
         if (FAILED(result) && SUCCEEDED(firstFailure))
             firstFailure = result;
     };
+    bool shared = false;
+    if (const TypeLibraryRegistration* library = registration.typeLibrary) {
+        const std::u16string version = libraryPath(*library);
+        keep(deleteTree(classes, version + u"\\" + hexadecimal(library->locale) + u"\\" + std::u16string(platformKey)));
+        shared = otherPlatformRegistered(classes, *library);
+        // Interfaces and classes have keys of their own for each bitness; ProgIDs and type libraries have not.
+        for (const InterfaceRegistration& described : library->interfaces)
+            keep(deleteTree(classes, interfacePath(described)));
+        if (!shared) {
+            keep(deleteTree(classes, version));
+            keep(deleteIfEmpty(classes, u"TypeLib\\" + guidText(library->id)));
+        }
+    }
     for (const ClassRegistration& served : registration.classes) {
         keep(deleteTree(classes, classPath(served)));
-        keep(deleteTree(classes, versionedProgId(served)));
-        keep(deleteTree(classes, served.progId));
+        if (!shared) {
+            keep(deleteTree(classes, versionedProgId(served)));
+            keep(deleteTree(classes, served.progId));
+        }
     }
-    if (registration.typeLibrary)
-        keep(removeTypeLibrary(classes, *registration.typeLibrary));
     // A user whose first registered class this was had none of these keys before.
     for (const char16_t* container : {u"CLSID", u"Interface", u"TypeLib"})
         keep(deleteIfEmpty(classes, container));

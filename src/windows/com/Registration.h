@@ -49,8 +49,8 @@ struct Registration {
 /// Writes all entries; on a failure those written until then are removed again.
 HRESULT registerServer(const Registration& registration, RegistrationScope scope) noexcept;
 
-/// Removes all entries. Absent ones are no failure. Of the type library's those of another bitness stay, with what both
-/// share.
+/// Removes all entries. Absent ones are no failure. While the type library is registered for the other bitness too,
+/// what both share stays: the ProgIDs and the library's own keys.
 HRESULT unregisterServer(const Registration& registration, RegistrationScope scope) noexcept;
 
 } // namespace orv::windows

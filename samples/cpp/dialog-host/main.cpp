@@ -1,0 +1,135 @@
+// The control in a dialog with two buttons.
+//
+//   dialog-host.exe            shows it; 确定 prints the SQL, 取消 nothing
+//   dialog-host.exe --demo     sets conditions and presses 确定 by itself
+#include "Control.h"
+#include "Site.h"
+
+#include <objbase.h>
+
+#include <cwchar>
+
+namespace {
+
+constexpr UINT_PTR demoTimer = 1;
+
+struct FilterDialog {
+    explicit FilterDialog(HWND window) : site(window) {}
+    Site site;
+    ComPtr<_Filter> filter;
+    bool isDemo = false;
+    bool isDone = false;
+};
+
+/// The buttons stay in the corner; the control takes the rest.
+void layOut(HWND window, FilterDialog& dialog) {
+    RECT client, button;
+    GetClientRect(window, &client);
+    GetWindowRect(GetDlgItem(window, IDOK), &button);
+    const int width = button.right - button.left, height = button.bottom - button.top, gap = height / 3;
+    const int top = client.bottom - gap - height;
+    int left = client.right;
+    for (const int id : {IDCANCEL, IDOK}) {
+        left -= gap + width;
+        SetWindowPos(GetDlgItem(window, id), nullptr, left, top, 0, 0, SWP_NOSIZE | SWP_NOZORDER);
+    }
+    dialog.site.move({gap, gap, client.right - gap, top - gap});
+}
+
+/// Prints what the user asked for. A condition that is not complete yet keeps the dialog open: the control has said so.
+bool takeResult(_Filter* filter) {
+    VARIANT_BOOL done = VARIANT_FALSE;
+    Text where, head, entry;
+    check(filter->GetFilterSql(where.address(), VARIANT_FALSE, &done));
+    if (!done)
+        return false;
+    check(filter->GetSortString(head.address(), entry.address(), &done));
+    printLine(L"filter: " + where.string());
+    printLine(L"sort: " + head.string());
+    return true;
+}
+
+void start(HWND window, FilterDialog& dialog) {
+    dialog.filter = createFilter();
+    dialog.site.embed(dialog.filter.get(), {0, 0, 100, 100});
+    initialize(dialog.filter.get());
+    layOut(window, dialog);
+    if (dialog.isDemo) {
+        VARIANT_BOOL applied = VARIANT_FALSE;
+        check(dialog.filter->RefreshProfile(sampleScheme().get(), &applied));
+        SetTimer(window, demoTimer, 1500, nullptr); // ms: time to see it
+    }
+}
+
+INT_PTR handle(HWND window, FilterDialog& dialog, UINT message, WPARAM first) {
+    switch (message) {
+    case WM_SIZE:
+        layOut(window, dialog);
+        return TRUE;
+    case WM_TIMER:
+        KillTimer(window, demoTimer);
+        SendMessageW(GetDlgItem(window, IDOK), BM_CLICK, 0, 0);
+        return TRUE;
+    case WM_COMMAND:
+        if (LOWORD(first) == IDOK)
+            dialog.isDone = takeResult(dialog.filter.get());
+        else if (LOWORD(first) == IDCANCEL)
+            dialog.isDone = true;
+        return TRUE;
+    default:
+        return FALSE;
+    }
+}
+
+// No exception may leave it: Windows is its caller.
+INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM) {
+    auto* const dialog = reinterpret_cast<FilterDialog*>(GetWindowLongPtrW(window, DWLP_USER));
+    if (!dialog)
+        return FALSE;
+    try {
+        return handle(window, *dialog, message, first);
+    } catch (const ComError& error) {
+        MessageBoxW(window, error.description.c_str(), L"dialog-host", MB_ICONERROR);
+        dialog->isDone = true;
+        return TRUE;
+    }
+}
+
+void run(bool isDemo) {
+    const HWND window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), nullptr, procedure, 0);
+    FilterDialog dialog(window);
+    dialog.isDemo = isDemo;
+    SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(&dialog));
+    start(window, dialog);
+    ShowWindow(window, SW_SHOW);
+    dialog.site.activate();
+
+    MSG message;
+    while (!dialog.isDone && GetMessageW(&message, nullptr, 0, 0) > 0) {
+        // The control first: Tab, arrows and Enter mean something in its grids.
+        if (dialog.site.takes(message) || IsDialogMessageW(window, &message))
+            continue;
+        TranslateMessage(&message);
+        DispatchMessageW(&message);
+    }
+    check(dialog.filter->ClearMem());
+    dialog.site.close();
+    dialog.filter = {};
+    SetWindowLongPtrW(window, DWLP_USER, 0);
+    DestroyWindow(window);
+}
+
+} // namespace
+
+int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
+    check(OleInitialize(nullptr));
+    int status = 0;
+    try {
+        run(std::wcsstr(GetCommandLineW(), L"--demo") != nullptr);
+    } catch (const ComError& error) {
+        printLine(L"failed: " + error.description);
+        status = 1;
+    }
+    OleUninitialize();
+    return status;
+}

@@ -1,0 +1,68 @@
+// The control without a window, bound early: it gets metadata, takes the conditions of a scheme and gives SQL.
+//
+//   early-bound.exe            prints the SQL texts and the columns
+//
+// ORVFilter.h declares the interfaces; the smart pointers of ../common count the references.
+#include "Control.h"
+
+#include <objbase.h>
+
+namespace {
+
+std::wstring numberOfColumns(_Filter* filter) {
+    ComPtr<IDispatch> header;
+    check(filter->get_m_Header(header.put()));
+    Text name(L"Count");
+    BSTR member = name.get();
+    DISPID id = DISPID_UNKNOWN;
+    check(header->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &id));
+    DISPPARAMS none{};
+    Variant count;
+    check(
+        header->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, count.get(), nullptr, nullptr));
+    return count.string();
+}
+
+void run() {
+    const ComPtr<_Filter> filter = createFilter();
+    initialize(filter.get());
+
+    VARIANT_BOOL done = VARIANT_FALSE;
+    check(filter->RefreshProfile(sampleScheme().get(), &done));
+    printLine(L"scheme applied: " + std::wstring(done ? L"yes" : L"no"));
+
+    Text where;
+    check(filter->GetFilterSql(where.address(), VARIANT_TRUE, &done)); // VARIANT_TRUE: errors are raised, not shown
+    printLine(L"filter: " + where.string());
+    Text head, entry;
+    check(filter->GetSortString(head.address(), entry.address(), &done));
+    printLine(L"sort: " + head.string());
+    printLine(L"columns: " + numberOfColumns(filter.get()));
+
+    // The server's date comes from the host's "ORVEBCGLView.GLData".
+    DATE today = 0;
+    check(filter->GetToday(&today));
+    SYSTEMTIME now;
+    GetLocalTime(&now);
+    DATE here = 0;
+    SystemTimeToVariantTime(&now, &here);
+    printLine(L"the server's date is today's: " +
+              std::wstring(static_cast<LONG>(today) == static_cast<LONG>(here) ? L"yes" : L"no"));
+
+    check(filter->ClearMem());
+}
+
+} // namespace
+
+int main() {
+    check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
+    int status = 0;
+    try {
+        run();
+    } catch (const ComError& error) {
+        printLine(L"failed: " + error.description);
+        status = 1;
+    }
+    CoUninitialize();
+    return status;
+}
