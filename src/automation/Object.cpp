@@ -2,6 +2,7 @@
 
 #include "automation/Ascii.h"
 #include "automation/AutomationError.h"
+#include "automation/Trace.h"
 
 namespace orv::automation {
 
@@ -10,6 +11,8 @@ Value callMember(const ObjectRef& object, std::u16string_view member, InvokeKind
         throw AutomationError::runtime(errorNumber::objectNotSet);
     // The member may run host code that drops the caller's reference: this one keeps the object alive meanwhile.
     const ObjectRef alive = object;
+    if (Trace* const trace = Trace::current())
+        return tracedInvoke(*trace, *alive, member, kind, arguments);
     return alive->invoke(member, kind, arguments);
 }
 

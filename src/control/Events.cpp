@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "automation/Coercion.h"
+#include "automation/TracedCall.h"
 #include "control/ClassTypeLoading.h"
 #include "control/ClassTypeReload.h"
 #include "control/LayOut.h"
@@ -31,10 +32,12 @@ class Wiring {
   public:
     explicit Wiring(FilterState& state) : state_(state) {}
 
+    /// `name` must be a literal: the trace shows the event under it.
     template <class... Args, class Action>
-    void on(ui::Signal<Args...>& signal, Action action) {
-        state_.subscriptions.push_back(
-            signal.subscribe([&state = state_, action](Args... args) { trapped(state, [&] { action(args...); }); }));
+    void on(ui::Signal<Args...>& signal, std::u16string_view name, Action action) {
+        state_.subscriptions.push_back(signal.subscribe([&state = state_, name, action](Args... args) {
+            trapped(state, [&] { automation::tracedEvent(state.trace, name, [&] { action(args...); }); });
+        }));
     }
 
   private:
@@ -70,23 +73,26 @@ void saveScheme(FilterState& state, schemes::SaveMode mode, std::int32_t status)
 void wireEvents(FilterState& state) {
     FilterControls& controls = *state.controls;
     Wiring wiring(state);
-    wiring.on(controls.cboClassType.click, [&state] { classTypeChosen(state); });
-    wiring.on(controls.tbFilter.click, [&state] { layOutControls(state); });
-    wiring.on(controls.vsFilter.cellChanged,
+    wiring.on(controls.cboClassType.click, u"cboClassType.click", [&state] { classTypeChosen(state); });
+    wiring.on(controls.tbFilter.click, u"tbFilter.click", [&state] { layOutControls(state); });
+    wiring.on(controls.vsFilter.cellChanged, u"vsFilter.cellChanged",
               [&state](int column, int row) { state.accountCheck.cellChanged(column, row); });
-    wiring.on(controls.vsFilter.keyDown, [&state](int keyCode, int) { state.valueLookUp.keyDown(keyCode); });
-    wiring.on(controls.cmdInsert.click, [&state] { state.conditionGrid.insertRow(); });
-    wiring.on(controls.cmdDel.click, [&state] { state.conditionGrid.deleteRow(); });
-    wiring.on(controls.cmdDelAll.click, [&state] { state.conditionGrid.clearAll(); });
+    wiring.on(controls.vsFilter.keyDown, u"vsFilter.keyDown",
+              [&state](int keyCode, int) { state.valueLookUp.keyDown(keyCode); });
+    wiring.on(controls.cmdInsert.click, u"cmdInsert.click", [&state] { state.conditionGrid.insertRow(); });
+    wiring.on(controls.cmdDel.click, u"cmdDel.click", [&state] { state.conditionGrid.deleteRow(); });
+    wiring.on(controls.cmdDelAll.click, u"cmdDelAll.click", [&state] { state.conditionGrid.clearAll(); });
     for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
-        wiring.on(controls.cmdHide(i).click, [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
-    wiring.on(controls.vsHideColumn.click, [&state, &controls](int, int) {
+        wiring.on(controls.cmdHide(i).click, u"cmdHide.click",
+                  [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
+    wiring.on(controls.vsHideColumn.click, u"vsHideColumn.click", [&state, &controls](int, int) {
         for (const HideButton move : {HideButton::up, HideButton::down})
             if (state.columnGrid.currentRow() != 0)
                 controls.cmdHide(static_cast<int>(move)).setEnabled(true);
     });
-    wiring.on(controls.lvwProject.itemClick, [&state] { state.schemeManager.applySelected(); });
-    wiring.on(controls.tlbProject.buttonClick,
+    wiring.on(controls.lvwProject.itemClick, u"lvwProject.itemClick",
+              [&state] { state.schemeManager.applySelected(); });
+    wiring.on(controls.tlbProject.buttonClick, u"tlbProject.buttonClick",
               [&state](const std::u16string& key) { state.schemeManager.toolbarClick(key); });
     // 16-bit arithmetic: a value beyond it is a failure for whoever set it.
     state.subscriptions.push_back(controls.vsPage.change.subscribe([&controls] {

@@ -1,13 +1,37 @@
 #include "control/FilterState.h"
 
+#include "automation/AutomationError.h"
 #include "automation/Coercion.h"
+#include "automation/TracedCall.h"
 #include "control/LocalizeControls.h"
 #include "control/SchemeEntry.h"
 #include "metadata/PageSelection.h"
+#include "support/Letters.h"
 #include "support/PaddedItem.h"
+#include "support/Pieces.h"
 #include "support/PropsString.h"
 
 namespace orv::control {
+
+namespace {
+
+/// The name of the trace file; "" for what names none.
+std::u16string traceFile(const automation::Value& setting) {
+    return setting.isText() ? automation::toText(setting) : std::u16string();
+}
+
+/// A setting that hides values: what cannot be read as a Boolean counts as True, for it was meant to hide them.
+bool readsAsTrue(const automation::Value& setting) {
+    if (setting.isEmpty() || setting.isNull() || setting == automation::Value(u""))
+        return false;
+    try {
+        return automation::toBoolean(setting);
+    } catch (const automation::AutomationError&) {
+        return true;
+    }
+}
+
+} // namespace
 
 using automation::Collection;
 using automation::Dictionary;
@@ -15,11 +39,14 @@ using automation::ObjectRef;
 using automation::Value;
 
 FilterState::FilterState(Filter& filter, automation::ObjectFactory& componentFactory, ui::Prompts& userPrompts)
-    : owner(filter), factory(componentFactory), prompts(userPrompts), userProperties(componentFactory),
-      localisation(componentFactory, [this] { return userProperties.text(); }),
-      conditionGrid(controls->vsFilter, *this), sortGrid(controls->vsOrder),
-      columnGrid(controls->vsHideColumn, [this](std::u16string_view text) { messages().warn(text); }),
-      accountCheck(controls->vsFilter, conditionGrid, componentFactory, *this),
+    : owner(filter), tracedFactory(componentFactory), prompts(userPrompts), userProperties(factory),
+      localisation(factory, [this] { return userProperties.text(); }), conditionGrid(controls->vsFilter, *this),
+      sortGrid(controls->vsOrder),
+      columnGrid(controls->vsHideColumn,
+                 [this](std::u16string_view text) {
+                     automation::tracedEvent(trace, u"vsHideColumn.leaveCell", [&] { messages().warn(text); });
+                 }),
+      accountCheck(controls->vsFilter, conditionGrid, factory, *this),
       valueLookUp(controls->vsFilter, conditionGrid, *this), schemeManager(controls->lvwProject, *this) {}
 
 std::shared_ptr<metadata::FieldCatalogue> FilterState::catalogue() {
@@ -52,6 +79,8 @@ editor::DecimalPlaces FilterState::decimalPlaces() {
 }
 
 void FilterState::log(std::u16string_view text) {
+    if (trace)
+        trace->note(u"log", u"", text);
     prompts.log(std::u16string(text));
 }
 
@@ -135,6 +164,40 @@ void FilterState::takeDataService(ObjectRef service) {
     classTypeEntries = Collection(read(u"ClassTypeEntry"));
     tableInfo = Dictionary(read(u"TableInfo"));
     classType = Dictionary(read(u"ClassType"));
+}
+
+void FilterState::followTraceSettings() {
+    std::u16string path;
+    auto masking = automation::TraceMasking::showsValues;
+    try {
+        path = traceFile(setting(u"Trace", Value()));
+        if (!path.empty() && readsAsTrue(setting(u"TraceMask", Value())))
+            masking = automation::TraceMasking::hidesValues;
+    } catch (const automation::AutomationError& error) {
+        path.clear();
+        log(error.description());
+    }
+    if (path == tracePath_ && masking == traceMasking_ && (trace || path.empty()))
+        return;
+    tracePath_ = path;
+    traceMasking_ = masking;
+    trace = path.empty() ? nullptr : automation::Trace::open(path, masking);
+    if (!path.empty() && !trace)
+        log(u"跟踪文件无法打开：" + path);
+}
+
+std::vector<std::u16string> FilterState::typedValues() const {
+    std::vector<std::u16string> values;
+    const ui::Spread& grid = controls->vsFilter;
+    for (int row = 1; row <= grid.maxRows(); ++row) {
+        const std::u16string& text = grid.text(editor::column::value, row);
+        values.emplace_back(support::Trim(text));
+        values.emplace_back(support::Trim(support::SplitLookupText(text, false)));
+        support::PieceReader pieces(text, u",");
+        for (std::u16string_view piece; pieces.next(piece);)
+            values.emplace_back(support::Trim(piece));
+    }
+    return values;
 }
 
 void FilterState::releaseObjects() {

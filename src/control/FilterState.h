@@ -1,5 +1,7 @@
 #pragma once
 
+#include "automation/Trace.h"
+#include "automation/TracedFactory.h"
 #include "conditions/FilterSql.h"
 #include "control/Filter.h"
 #include "control/Geometry.h"
@@ -30,6 +32,7 @@ struct FilterState final : editor::ConditionGridHost,
     editor::ValueListSource valueListSource() override;
     editor::DecimalPlaces decimalPlaces() override;
     ui::Messages& messages() override { return messageBoxes; }
+    std::shared_ptr<automation::Trace> currentTrace() override { return trace; }
     void log(std::u16string_view text) override;
 
     // What the account check and the look-ups ask.
@@ -62,8 +65,17 @@ struct FilterState final : editor::ConditionGridHost,
     /// Releases every object of the host; grids and texts stay.
     void releaseObjects();
 
+    /// Begins, keeps or ends the trace, as the settings have it: "Trace" names the file, "TraceMask" hides values. A
+    /// file that cannot be opened is told to the host's diagnostics, and nothing else happens.
+    void followTraceSettings();
+    /// What stands in the value cells of the condition grid, whole and in its comma-separated pieces.
+    std::vector<std::u16string> typedValues() const;
+
     Filter& owner;
-    automation::ObjectFactory& factory;
+    /// Null while off. Before the parts: they may call the host while they are made and destroyed.
+    std::shared_ptr<automation::Trace> trace;
+    automation::TracedFactory tracedFactory;
+    automation::ObjectFactory& factory = tracedFactory;
     ui::Prompts& prompts;
     UserProperties userProperties;
     support::Localisation localisation;
@@ -110,6 +122,8 @@ struct FilterState final : editor::ConditionGridHost,
   private:
     std::shared_ptr<metadata::FieldCatalogue> catalogue_;
     std::shared_ptr<editor::Comparisons> comparisons_;
+    std::u16string tracePath_;
+    automation::TraceMasking traceMasking_ = automation::TraceMasking::showsValues;
 };
 
 } // namespace orv::control

@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "automation/Coercion.h"
+#include "automation/TracedCall.h"
 #include "control/ClassTypeReload.h"
 #include "control/FlagScope.h"
 #include "control/SchemeEntry.h"
@@ -62,7 +63,7 @@ void rebuildPageBoxes(FilterState& state) {
         box.setCaption(std::move(caption));
         state.pageSubscriptions.push_back(box.click.subscribe([&state, index = static_cast<int>(page) - 1] {
             try {
-                pageClicked(state, index);
+                automation::tracedEvent(state.trace, u"chkPage.click", [&] { pageClicked(state, index); });
             } catch (const AutomationError& error) {
                 // The boxes keep whatever state they had reached.
                 state.log(error.description());

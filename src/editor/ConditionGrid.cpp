@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "automation/Coercion.h"
+#include "automation/TracedCall.h"
 #include "conditions/GridRows.h"
 #include "support/PaddedItem.h"
 #include "support/Pieces.h"
@@ -55,15 +56,18 @@ std::u16string fieldItem(std::u16string_view caption, std::int32_t position) {
 ConditionGrid::ConditionGrid(ui::Spread& vsFilter, ConditionGridHost& host) : grid_(vsFilter), host_(host) {
     onCombo_ = grid_.comboSelectionChange.subscribe([this](int column, int row) {
         try {
-            comboSelectionChange(column, row);
+            automation::tracedEvent(host_.currentTrace(), u"vsFilter.comboSelectionChange",
+                                    [&] { comboSelectionChange(column, row); });
         } catch (const AutomationError& error) {
             // The line stays as far as it was set up; the host's diagnostics learn why.
             host_.log(error.description());
         }
     });
     onLeaveRow_ = grid_.leaveRow.subscribe([this](int row, int newRow, bool& cancel) {
-        if (!mayLeaveRow(row, newRow))
-            cancel = true;
+        automation::tracedEvent(host_.currentTrace(), u"vsFilter.leaveRow", [&] {
+            if (!mayLeaveRow(row, newRow))
+                cancel = true;
+        });
     });
 }
 

@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/Trace.h"
 #include "conditions/ConditionRow.h"
 #include "conditions/ConditionText.h"
 #include "conditions/GridRows.h"
@@ -32,6 +33,8 @@ class ConditionGridHost {
     virtual ValueListSource valueListSource() = 0;
     virtual DecimalPlaces decimalPlaces() = 0;
     virtual ui::Messages& messages() = 0;
+    /// Where the grid's events are noted; null for nowhere.
+    virtual std::shared_ptr<automation::Trace> currentTrace() { return nullptr; }
     /// What a user need not confirm.
     virtual void log(std::u16string_view text) = 0;
 };

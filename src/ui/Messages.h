@@ -1,5 +1,6 @@
 #pragma once
 
+#include "automation/Trace.h"
 #include "support/Localisation.h"
 #include "ui/Prompts.h"
 
@@ -38,7 +39,14 @@ class Messages {
     }
     /// A text that needs no translation any more.
     MessageAnswer show(const std::u16string& text, std::int32_t style) {
-        return prompts_.message(text, style, messageTitle);
+        const MessageAnswer answer = prompts_.message(text, style, messageTitle);
+        if (automation::Trace* const trace = automation::Trace::current())
+            trace->note(u"message",
+                        answer == MessageAnswer::yes  ? u"yes"
+                        : answer == MessageAnswer::no ? u"no"
+                                                      : u"ok",
+                        text);
+        return answer;
     }
 
   private:

@@ -1,0 +1,66 @@
+#pragma once
+
+#include "automation/Trace.h"
+#include "automation/Views.h"
+
+#include <array>
+#include <memory>
+#include <string_view>
+#include <type_traits>
+#include <utility>
+
+// Entries of the control's own: what hosts call, and what users do.
+namespace orv::automation {
+
+template <class T>
+Value traceValue(const T& value) {
+    if constexpr (requires { value.object(); })
+        return value.object();
+    else
+        return Value(value);
+}
+
+/// Runs a public member of the control: `body` does the work, `arguments` are the member's own. The calls of the host
+/// that it makes go to `trace`, and so does the member itself. Without a trace the body is all that runs.
+template <class Body, class... Args>
+std::invoke_result_t<Body&> tracedMember(const std::shared_ptr<Trace>& trace, std::u16string_view member,
+                                         InvokeKind kind, Body body, const Args&... arguments) {
+    const TraceScope scope(trace);
+    if (!trace)
+        return body();
+    const auto listed = [&] { return std::array<Argument, sizeof...(Args)>{Argument(traceValue(arguments))...}; };
+    const auto running = trace; // the member may end the trace
+    TraceEntry entry(*running, kind, nullptr, member, listed());
+    try {
+        if constexpr (std::is_void_v<std::invoke_result_t<Body&>>) {
+            body();
+            entry.ended();
+        } else {
+            auto result = body();
+            entry.ended(traceValue(result), listed());
+            return result;
+        }
+    } catch (const AutomationError& error) {
+        entry.failed(error);
+        throw;
+    }
+}
+
+/// Runs what answers an event that the user raised, named as "cboClassType.click".
+template <class Action>
+void tracedEvent(const std::shared_ptr<Trace>& trace, std::u16string_view name, Action action) {
+    const TraceScope scope(trace);
+    if (!trace)
+        return action();
+    const auto running = trace;
+    TraceEntry entry(*running, u"event", name);
+    try {
+        action();
+        entry.ended();
+    } catch (const AutomationError& error) {
+        entry.failed(error);
+        throw;
+    }
+}
+
+} // namespace orv::automation
