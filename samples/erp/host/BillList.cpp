@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "automation/Coercion.h"
+#include "erp/host/DisplayText.h"
 #include "erp/host/ShownText.h"
 
 #include <algorithm>
@@ -17,11 +18,6 @@ using automation::Value;
 
 namespace {
 
-std::u16string textOf(const Dictionary& record, std::u16string_view key) {
-    const Value value = record.getValue(key, std::u16string());
-    return value.isNull() ? std::u16string() : automation::toText(value);
-}
-
 const Dictionary* fieldOf(const ClassTypeDescription& type, std::u16string_view key) {
     const auto found = std::ranges::find_if(
         type.fields, [key](const Dictionary& field) { return automation::toText(field.get(u"FKey")) == key; });
@@ -33,7 +29,7 @@ std::u16string keyOfPage(const ClassTypeDescription& type, std::int32_t page) {
     if (page <= 1)
         return type.list->key;
     const auto index = static_cast<std::size_t>(page - 1);
-    const std::u16string table = index < type.pages.size() ? textOf(type.pages[index], u"FTableName") : u"";
+    const std::u16string table = index < type.pages.size() ? entryText(type.pages[index], u"FTableName") : u"";
     return table.empty() || type.list->entryKey.empty() ? u"" : table + u"." + type.list->entryKey;
 }
 
@@ -150,12 +146,12 @@ std::vector<BillColumn> usualColumns(const ClassTypeDescription& type, std::size
         if (columns.size() == most)
             break;
         const bool isShown = automation::toBoolean(field.getValue(u"FVisible", true)) &&
-                             textOf(field, u"FParentKey").empty() &&
+                             entryText(field, u"FParentKey").empty() &&
                              automation::toInt32(field.getValue(u"FPage", std::int32_t{1})) == 1;
         if (isShown)
-            columns.push_back({.key = textOf(field, u"FKey"),
-                               .expression = textOf(field, u"FFieldNameExt"),
-                               .caption = textOf(field, u"FCaption")});
+            columns.push_back({.key = entryText(field, u"FKey"),
+                               .expression = entryText(field, u"FFieldNameExt"),
+                               .caption = entryText(field, u"FCaption")});
     }
     return columns;
 }

@@ -26,4 +26,9 @@ std::u16string displayText(const automation::Value& value) {
     return automation::fromUtf8(text.data());
 }
 
+std::u16string entryText(const automation::Dictionary& record, std::u16string_view key) {
+    const automation::Value value = record.getValue(key, std::u16string());
+    return value.isNull() ? std::u16string() : automation::toText(value);
+}
+
 } // namespace orv::erp

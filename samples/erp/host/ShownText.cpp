@@ -1,6 +1,7 @@
 #include "erp/host/ShownText.h"
 
 #include "automation/Coercion.h"
+#include "erp/host/DisplayText.h"
 
 #include <string_view>
 
@@ -11,23 +12,18 @@ using automation::Value;
 
 namespace {
 
-std::u16string textOf(const Dictionary& field, std::u16string_view key) {
-    const Value value = field.getValue(key, std::u16string());
-    return value.isNull() ? std::u16string() : automation::toText(value);
-}
-
 /// The query of keys and names; "" for a field that shows what it stores. Queries with variables are the editor's.
 std::u16string namesQuery(const Dictionary& field) {
     constexpr std::u16string_view kind = u"SQL{";
-    const std::u16string list = textOf(field, u"FLookUpList");
-    const std::u16string expression = textOf(field, u"FFieldNameExt");
-    if (expression != textOf(field, u"FFieldName"))
+    const std::u16string list = entryText(field, u"FLookUpList");
+    const std::u16string expression = entryText(field, u"FFieldNameExt");
+    if (expression != entryText(field, u"FFieldName"))
         return {};
     if (list.starts_with(kind) && list.find(u'@') == std::u16string::npos)
         return list.substr(kind.size(), list.find(u'}') - kind.size());
-    const std::u16string table = textOf(field, u"FSrcTableName");
-    const std::u16string key = textOf(field, u"FSRCFieldName");
-    const std::u16string name = textOf(field, u"FDSPFieldName");
+    const std::u16string table = entryText(field, u"FSrcTableName");
+    const std::u16string key = entryText(field, u"FSRCFieldName");
+    const std::u16string name = entryText(field, u"FDSPFieldName");
     if (table.empty() || key.empty() || name.empty() || expression.starts_with(table + u"."))
         return {};
     return u"SELECT " + key + u", " + name + u" FROM " + table;

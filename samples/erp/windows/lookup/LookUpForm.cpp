@@ -106,6 +106,10 @@ INT_PTR LookUpForm::onNotify(const NMHDR& header) {
     case LVN_GETDISPINFOW:
         records_.fill(reinterpret_cast<NMLVDISPINFOW&>(const_cast<NMHDR&>(header)).item);
         return TRUE;
+    case NM_CUSTOMDRAW:
+        SetWindowLongPtrW(window_, DWLP_MSGRESULT,
+                          records_.dress(reinterpret_cast<NMLVCUSTOMDRAW&>(const_cast<NMHDR&>(header))));
+        return TRUE;
     case NM_DBLCLK:
         if (reinterpret_cast<const NMITEMACTIVATE&>(header).iItem >= 0)
             take();

@@ -80,6 +80,7 @@ void RecordList::show(std::vector<std::size_t> rows) {
         ListView_SetItemState(list_, 0, LVIS_SELECTED | LVIS_FOCUSED, LVIS_SELECTED | LVIS_FOCUSED);
         ListView_EnsureVisible(list_, 0, FALSE);
     }
+    fitColumns(); // the scroll bar comes and goes
     InvalidateRect(list_, nullptr, TRUE);
 }
 
@@ -94,6 +95,18 @@ void RecordList::fill(LVITEMW& item) const {
     if (item.mask & LVIF_STATE)
         item.state = (item.state & ~UINT{LVIS_STATEIMAGEMASK}) |
                      (offer_.isMultiple ? INDEXTOSTATEIMAGEMASK(checked_.contains(row) ? 2u : 1u) : 0u);
+}
+
+LRESULT RecordList::dress(NMLVCUSTOMDRAW& draw) const {
+    if (draw.nmcd.dwDrawStage == CDDS_PREPAINT)
+        return CDRF_NOTIFYITEMDRAW;
+    const auto item = static_cast<int>(draw.nmcd.dwItemSpec);
+    if (draw.nmcd.dwDrawStage != CDDS_ITEMPREPAINT || ListView_GetItemState(list_, item, LVIS_SELECTED) == 0)
+        return CDRF_DODEFAULT;
+    draw.nmcd.uItemState &= ~UINT{CDIS_SELECTED};
+    draw.clrTextBk = GetSysColor(COLOR_HIGHLIGHT);
+    draw.clrText = GetSysColor(COLOR_HIGHLIGHTTEXT);
+    return CDRF_NEWFONT;
 }
 
 bool RecordList::toggle(int item) {

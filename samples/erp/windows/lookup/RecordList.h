@@ -30,6 +30,8 @@ class RecordList {
 
     /// Answers LVN_GETDISPINFO. Texts stay valid as long as the offer.
     void fill(LVITEMW& item) const;
+    /// Answers NM_CUSTOMDRAW: the selected row is to be seen while the search box has the focus, too.
+    LRESULT dress(NMLVCUSTOMDRAW& draw) const;
     /// Toggles the check box at a point of the list; false when there is none.
     bool clickedBox(POINT at);
     bool toggleFocused();

@@ -13,6 +13,7 @@ class EmptyDialog {
   public:
     explicit EmptyDialog(const wchar_t* windowClass) {
         form_.dialog.style = WS_POPUP | WS_CAPTION | WS_SYSMENU | WS_THICKFRAME | WS_CLIPCHILDREN;
+        form_.dialog.dwExtendedStyle = WS_EX_DLGMODALFRAME; // no icon
         std::wcsncpy(form_.windowClass, windowClass, mostLetters - 1);
         WNDCLASSW description{};
         description.style = CS_GLOBALCLASS; // for the program and its DLLs

@@ -52,6 +52,12 @@ int Metrics::widthOf(const wchar_t* text, int length) const noexcept {
     return static_cast<int>(size.cx);
 }
 
+int Metrics::boldWidthOf(const wchar_t* text, int length) const noexcept {
+    SIZE size{};
+    GetTextExtentPoint32W(Measure(boldFont_).dc(), text, length, &size);
+    return static_cast<int>(size.cx);
+}
+
 int Metrics::buttonWidth(const wchar_t* text) const noexcept {
     return std::max(px(80), widthOf(text, static_cast<int>(std::wcslen(text))) + px(24));
 }

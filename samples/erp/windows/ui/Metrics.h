@@ -26,6 +26,7 @@ class Metrics {
     int row() const noexcept { return text_ + px(7); }
     /// Width of a text in the font.
     int widthOf(const wchar_t* text, int length) const noexcept;
+    int boldWidthOf(const wchar_t* text, int length) const noexcept;
     /// Width of a button that holds a text.
     int buttonWidth(const wchar_t* text) const noexcept;
 

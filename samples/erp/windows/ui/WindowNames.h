@@ -21,7 +21,7 @@ inline constexpr const wchar_t* totalsClass = L"OrvListTotals";
 inline constexpr const wchar_t* filterClass = L"OrvFilterDialog";
 inline constexpr const wchar_t* lookUpClass = L"OrvLookUpDialog";
 
-// Of the list window; the commands have the keys F3, F5, F4, Ctrl+C and Ctrl+Shift+C.
+// Of the list window; the commands have the keys F3, F5, F4, Ctrl+C, Ctrl+Shift+C and Ctrl+A.
 inline constexpr int classTypes = 101; ///< combo box
 inline constexpr int filter = 102;     ///< button, 过滤(F3)
 inline constexpr int refresh = 103;    ///< button, 刷新(F5)
@@ -35,6 +35,7 @@ inline constexpr int notice = 110; ///< text in place of rows when there are non
 inline constexpr int copyRows = 111;
 inline constexpr int copySql = 112;
 inline constexpr int classTypesLabel = 113;
+inline constexpr int selectAll = 114;
 
 // Of the filter dialog; its buttons are IDOK (1) and IDCANCEL (2).
 inline constexpr int control = 201; ///< the place of the control
