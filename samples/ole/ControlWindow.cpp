@@ -26,20 +26,20 @@ bool isKey(const MSG& message) noexcept {
 
 } // namespace
 
-ControlWindow::ControlWindow(HWND parent, int id, const wchar_t* progId, Frame& frame) : frame_(&frame) {
+ControlWindow::ControlWindow(HWND parent, int id, Object control, Frame& frame)
+    : frame_(&frame), control_(std::move(control)) {
     WNDCLASSW description{};
     description.lpfnWndProc = procedure;
     description.hInstance = GetModuleHandleW(nullptr);
     description.hCursor = LoadCursorW(nullptr, IDC_ARROW);
     description.lpszClassName = windowClass;
     RegisterClassW(&description); // fails from the second time on: the class is there already
-    window_ = CreateWindowExW(0, windowClass, progId, WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
+    window_ = CreateWindowExW(0, windowClass, L"", WS_CHILD | WS_VISIBLE | WS_TABSTOP | WS_CLIPCHILDREN, 0, 0, 0, 0,
                               parent, reinterpret_cast<HMENU>(static_cast<INT_PTR>(id)), description.hInstance, this);
     if (!window_)
-        throw Failure(HRESULT_FROM_WIN32(GetLastError()), progId, {});
+        throw Failure(HRESULT_FROM_WIN32(GetLastError()), windowClass, {});
     try {
-        site_.Attach(new Site(*this, frame));
-        control_ = Object::create(progId);
+        site_ = makeCounted<Site>(static_cast<SiteOwner&>(*this), frame);
         open();
     } catch (...) {
         close();

@@ -15,8 +15,9 @@ class ControlWindow final : private SiteOwner {
   public:
     static constexpr const wchar_t* windowClass = L"OrvOleSite";
 
-    /// Creates the window and the control in it; raises Failure. `parent` is the dialog, `id` the window's control id.
-    ControlWindow(HWND parent, int id, const wchar_t* progId, Frame& frame);
+    /// Creates the window and activates a new control in it; raises Failure. `parent` is the dialog, `id` the window's
+    /// control id.
+    ControlWindow(HWND parent, int id, Object control, Frame& frame);
     ControlWindow(const ControlWindow&) = delete;
     ControlWindow& operator=(const ControlWindow&) = delete;
     ~ControlWindow();

@@ -1,6 +1,9 @@
 #pragma once
 
 #include <unknwn.h>
+#include <wrl/client.h>
+
+#include <utility>
 
 namespace orv::ole {
 
@@ -36,5 +39,13 @@ class Counted : public Interfaces... {
   private:
     LONG references_ = 1;
 };
+
+/// A new object of a `Counted` class. (What `ComPtr::Attach` does with the count depends on the compiler's headers.)
+template <class Class, class... Arguments>
+Microsoft::WRL::ComPtr<Class> makeCounted(Arguments&&... arguments) {
+    Microsoft::WRL::ComPtr<Class> made;
+    *made.GetAddressOf() = new Class(std::forward<Arguments>(arguments)...);
+    return made;
+}
 
 } // namespace orv::ole

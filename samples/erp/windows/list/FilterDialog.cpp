@@ -40,8 +40,9 @@ FilterDialog::FilterDialog(HWND owner, const Metrics& metrics, const Texts& text
     try {
         SetWindowTextW(window_, texts_(L"过滤").c_str());
         place();
-        frame_.Attach(new ole::Frame(window_));
-        control_ = std::make_unique<ole::ControlWindow>(window_, window::control, controlProgId, *frame_.Get());
+        frame_ = ole::makeCounted<ole::Frame>(window_);
+        control_ = std::make_unique<ole::ControlWindow>(window_, window::control, Object::create(controlProgId),
+                                                        *frame_.Get());
         addButton(window_, texts_(L"确定"), BS_DEFPUSHBUTTON, IDOK, metrics_.font());
         addButton(window_, texts_(L"取消"), BS_PUSHBUTTON, IDCANCEL, metrics_.font());
         modal_ = std::make_unique<ole::ModalDialog>(window_);

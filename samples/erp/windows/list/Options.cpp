@@ -27,10 +27,7 @@ ListOptions readOptions(std::vector<std::string> arguments) {
     ListOptions options;
     std::string language = "CHS", user, now, database, size;
     app.add_option("--lang", language, "language of all texts: CHS, CHT or EN")
-        ->check(CLI::IsMember({"CHS", "CHT", "EN"}, CLI::ignore_case))
-        ->transform([](const std::string& given) {
-            return CLI::detail::to_lower(given) == "en" ? "EN" : CLI::detail::to_lower(given) == "cht" ? "CHT" : "CHS";
-        });
+        ->check(CLI::IsMember({"CHS", "CHT", "EN"}, CLI::ignore_case));
     app.add_option("--user", user, "user to log on, by name (Admin, 张敏, 李强); the first one by default");
     app.add_option("--now", now, "what the server's clock says, e.g. \"2024-02-29 10:00:00\"");
     app.add_option("--class-type", options.classType, "class type to begin with")->capture_default_str();
@@ -47,6 +44,8 @@ ListOptions readOptions(std::vector<std::string> arguments) {
     char by = 0;
     if (std::istringstream in(size); !size.empty() && !(in >> options.width >> by >> options.height && by == 'x'))
         throw OptionsMessage("--size: not of the form 1100x700", 2);
+    for (char& letter : language)
+        letter = static_cast<char>(letter >= 'a' && letter <= 'z' ? letter - 'a' + 'A' : letter);
     options.language = wide(language);
     options.user = wide(user);
     options.now = wide(now);

@@ -21,12 +21,12 @@ wchar_t* shownText(const std::u16string& text) {
 
 void RecordList::attach(HWND list) {
     list_ = list;
-    DWORD style = LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER;
+    LPARAM style = LVS_EX_FULLROWSELECT | LVS_EX_GRIDLINES | LVS_EX_DOUBLEBUFFER;
     if (offer_.isMultiple) {
         style |= LVS_EX_CHECKBOXES;
         ListView_SetCallbackMask(list_, LVIS_STATEIMAGEMASK);
     }
-    ListView_SetExtendedListViewStyle(list_, style);
+    SendMessageW(list_, LVM_SETEXTENDEDLISTVIEWSTYLE, 0, style);
     for (std::size_t i = 0; i < offer_.columns.size(); ++i) {
         LVCOLUMNW column{};
         column.mask = LVCF_TEXT | LVCF_WIDTH | LVCF_FMT;
