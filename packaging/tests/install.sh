@@ -30,53 +30,63 @@ expect_no_trace() {
 }
 installed_files() { find "$prefix/drive_c/Program Files" "$prefix/drive_c/Program Files (x86)" \
     "$prefix"/drive_c/users/*/AppData/Local/Programs -iname '*ORVF*' 2>/dev/null | sort; }
+windows_path() { echo "C:${1#"$prefix/drive_c"}" | tr / '\\'; }
 msiexec() { "${wine[@]}" msiexec "$@" /qn >/dev/null 2>&1; }
+regsvr32() { "${wine[@]}" "$system\\regsvr32.exe" /s "$@" >/dev/null 2>&1; }
+cscript() { "${wine[@]}" "$system\\cscript.exe" //nologo "Z:$1" 2>/dev/null | tr -d '\r'; }
 
 # The whole job of a list window, by the installed control.
 use_installed() {
-    "${wine[@]}" regsvr32 /s "Z:$root/$win64/bin/OrvSampleHost.dll" >/dev/null 2>&1
-    ORV_WINE_LOCALE=C.UTF-8 "${wine[@]}" cscript //nologo "Z:$root/samples/scripts/filter.vbs" 2>/dev/null >"$work/script"
-    "${wine[@]}" regsvr32 /s /u "Z:$root/$win64/bin/OrvSampleHost.dll" >/dev/null 2>&1
-    expect "installed $1: a script gets SQL" "$(tr -d '\r' <"$work/script" | grep -cE '^(Initialize|GetFilterSql|same SQL): -1$')" 3
-    expect "installed $1: the script ends" "$(tr -d '\r' <"$work/script" | tail -n 1)" "done: the host drops the control"
+    regsvr32 "Z:$root/$build/bin/OrvSampleHost.dll"
+    ORV_WINE_LOCALE=C.UTF-8 cscript "$root/samples/scripts/filter.vbs" >"$work/script"
+    regsvr32 /u "Z:$root/$build/bin/OrvSampleHost.dll"
+    expect "installed $1: a script gets SQL" "$(grep -cE '^(Initialize|GetFilterSql|same SQL): -1$' "$work/script")" 3
+    expect "installed $1: the script ends" "$(tail -n 1 "$work/script")" "done: the host drops the control"
 }
 
 # The script host registers something of its own when it runs for the first time.
 echo >"$work/empty.vbs"
-"${wine[@]}" cscript //nologo "Z:$work/empty.vbs" >/dev/null 2>&1
+cscript "$work/empty.vbs"
 for file in OrvSampleHost.dll ORVFilter.ocx; do
-    "${wine[@]}" regsvr32 /s /u "Z:$root/$win64/bin/$file" >/dev/null 2>&1
+    regsvr32 /u "Z:$root/$build/bin/$file"
 done
 registry "$work/before"
 expect "nothing is installed at first" "$(installed_files)" ""
 
+own=$packages/ORVFilter-$version-$arch
 for scope in machine user; do
     case $scope in
-    machine) msi=$packages/ORVFilter-$version-x64.msi folder="C:\\\\Program Files\\\\ORVFilter" ;;
-    user) msi=$packages/ORVFilter-$version-x64-user.msi folder="C:\\\\users\\\\$(id -un)\\\\AppData\\\\Local\\\\Programs\\\\ORVFilter" ;;
+    machine) msi=$own.msi classes=HKEY_LOCAL_MACHINE\\Software\\Classes\\$view other_root=HKEY_CURRENT_USER ;;
+    # Here the user's classes are the same for both bitnesses; on Windows they are not.
+    user) msi=$own-user.msi classes=HKEY_CURRENT_USER\\Software\\Classes\\ other_root=HKEY_LOCAL_MACHINE ;;
     esac
     if msiexec /i "Z:$msi"; then pass "for the $scope: installs"; else fail "for the $scope: does not install"; fi
-    registry "$work/after"
-    count=$(comm -13 "$work/before" "$work/after" | grep -F '\Software\Classes\' | grep -vF Wow6432Node |
-        grep -cF "$folder\\\\ORVFilter.ocx")
-    expect "for the $scope: the registry names the installed file" "$count" 3
-    if comm -23 "$work/before" "$work/after" | grep -qP '\t'; then fail "for the $scope: changes entries of others"; else pass "for the $scope: leaves others' entries alone"; fi
+    control=$(installed_files | grep '/ORVFilter\.ocx$')
     case $scope in
-    machine) root_key=HKEY_LOCAL_MACHINE other_root=HKEY_CURRENT_USER ;;
-    user) root_key=HKEY_CURRENT_USER other_root=HKEY_LOCAL_MACHINE ;;
+    machine) expect "for the machine: the folder" "$control" "$prefix/drive_c/$programs/ORVFilter/ORVFilter.ocx" ;;
+    user) if [[ $control == */AppData/Local/Programs/ORVFilter*/ORVFilter.ocx ]]; then pass "for the user: the folder"; else fail "for the user: the folder is $control"; fi ;;
     esac
+    registry "$work/after"
+    if comm -23 "$work/before" "$work/after" | grep -qP '\t'; then fail "for the $scope: changes entries of others"; else pass "for the $scope: leaves others' entries alone"; fi
     added=$(comm -13 "$work/before" "$work/after")
-    if grep -qF "[$root_key\\Software\\Classes\\ORVFilter.Filter\\CLSID]" <<<"$added" &&
-        ! grep -qF "[$other_root\\Software\\Classes\\ORVFilter" <<<"$added"; then
+    if grep -qF "[${classes}CLSID\\{3DF8583D-" <<<"$added" &&
+        ! grep -F "[$other_root\\Software\\Classes\\" <<<"$added" | grep -q ORVFilter; then
         pass "for the $scope: registers there alone"
     else
         fail "for the $scope: registers elsewhere"
     fi
+    # The control, asked to register itself from where it is installed, finds nothing to add or to change.
+    case $scope in
+    machine) regsvr32 "$(windows_path "$control")" ;;
+    user) regsvr32 /n /i:user "$(windows_path "$control")" ;;
+    esac
+    registry "$work/again"
+    if diff "$work/after" "$work/again"; then pass "for the $scope: what the control itself registers"; else fail "for the $scope: the control itself registers otherwise"; fi
     if [ "$scope" = machine ]; then
         use_installed "for the machine"
     else
         # This Wine looks for classes in the machine's part alone, so a script does not find the user's control.
-        run_package_tests "installed for the user" "$(dirname "$(installed_files | grep '/ORVFilter\.ocx$')")"
+        run_package_tests "installed for the user" "$(dirname "$control")"
     fi
     if msiexec /x "Z:$msi"; then pass "for the $scope: uninstalls"; else fail "for the $scope: does not uninstall"; fi
     expect_no_trace "for the $scope"
@@ -84,31 +94,33 @@ done
 
 # A newer version takes the place of an older one, and an older one is refused then.
 newer=${version%.*}.$((${version##*.} + 1))
-mkdir "$work/newer" && msiextract -C "$work/newer" "$packages/ORVFilter-$version-x64.msi" >/dev/null
+mkdir "$work/newer" && msiextract -C "$work/newer" "$own.msi" >/dev/null
 folder=$(dirname "$(find "$work/newer" -name '*.ocx' -o -name '*.OCX')")
-"${wine[@]}" "$win64/bin/registration_table.exe" "$win64/bin/ORVFilter.ocx" 2>/dev/null >"$work/printed"
-tr -d '\r' <"$work/printed" >"$work/table"
-packaging/make-wxs "$work/table" 64 machine "$newer" "$folder" >"$work/newer.wxs"
-packaging/make-msi "$work/newer.wxs" "$folder" 64 "$newer" 1700000000 "$work/newer.msi"
-products() { "${wine[@]}" reg query 'HKLM\Software\Microsoft\Windows\CurrentVersion\Uninstall' /s 2>/dev/null | tr -d '\r' |
+sed 's/\\win32\t/\\win64\t/' "$work/table" >"$work/table64"
+packaging/make-wxs "$work/table64" "$bits" machine "$newer" "$folder" >"$work/newer.wxs"
+packaging/make-msi "$work/newer.wxs" "$folder" "$bits" "$newer" 1700000000 "$work/newer.msi"
+products() { "${wine[@]}" reg query "HKLM\\Software\\${view}Microsoft\Windows\CurrentVersion\Uninstall" /s 2>/dev/null | tr -d '\r' |
     sed -n 's/.*DisplayName.*\(ORVFilter .*\)/\1/p' | paste -sd,; }
-msiexec /i "Z:$packages/ORVFilter-$version-x64.msi"
+msiexec /i "Z:$own.msi"
 msiexec /i "Z:$work/newer.msi"
-expect "a newer version replaces the older one" "$(products)" "ORVFilter $newer (64-bit)"
-if msiexec /i "Z:$packages/ORVFilter-$version-x64.msi"; then fail "an older version goes over a newer one"; else pass "an older version is refused"; fi
-expect "the newer version stays" "$(products)" "ORVFilter $newer (64-bit)"
+expect "a newer version replaces the older one" "$(products)" "ORVFilter $newer ($bits-bit)"
+if msiexec /i "Z:$own.msi"; then fail "an older version goes over a newer one"; else pass "an older version is refused"; fi
+expect "the newer version stays" "$(products)" "ORVFilter $newer ($bits-bit)"
 msiexec /x "Z:$work/newer.msi"
 expect_no_trace "after the upgrade"
 
 # Both bitnesses have keys in common: they go with the last one.
-msiexec /i "Z:$packages/ORVFilter-$version-x64.msi"
-msiexec /i "Z:$packages/ORVFilter-$version-x86.msi"
-msiexec /x "Z:$packages/ORVFilter-$version-x86.msi"
-use_installed "for the machine, after the 32-bit one has gone"
-msiexec /x "Z:$packages/ORVFilter-$version-x64.msi"
-# On Windows both bitnesses have the same ProgIDs, here each has its own: the 32-bit ones, left to the other package, are
-# taken away by hand.
+case $arch in x64) other=x86 ;; x86) other=x64 ;; esac
+msiexec /i "Z:$own.msi"
+msiexec /i "Z:$packages/ORVFilter-$version-$other.msi"
+msiexec /x "Z:$packages/ORVFilter-$version-$other.msi"
+use_installed "for the machine, after the other bitness has gone"
+msiexec /x "Z:$own.msi"
+# On Windows both bitnesses have the same ProgIDs, here each has its own: those left to the package that stayed are taken
+# away by hand.
 for prog_id in ORVFilter.Filter ORVFilter.Filter.1; do
-    "${wine[@]}" reg delete "HKLM\\Software\\Classes\\Wow6432Node\\$prog_id" /f >/dev/null 2>&1
+    for key in "$prog_id" "Wow6432Node\\$prog_id"; do
+        "${wine[@]}" reg delete "HKLM\\Software\\Classes\\$key" /f >/dev/null 2>&1
+    done
 done
 expect_no_trace "of both bitnesses"

@@ -4,18 +4,22 @@
 rows() { msiinfo export "$1" "$2" | tr -d '\r' | tail -n +4; }
 property() { rows "$1" Property | awk -F'\t' -v name="$2" '$1 == name { print $2 }'; }
 
+# What the control of the bitness under test writes.
+"${wine[@]}" "$build/bin/registration_table.exe" "$build/bin/ORVFilter.ocx" 2>/dev/null >"$work/printed"
+tr -d '\r' <"$work/printed" >"$work/table"
+
 declare -A upgrade_codes=()
-for bits in 64 32; do
-    case $bits in
-    64) arch=x64 platform=x64 build=$win64 ;;
-    32) arch=x86 platform=Intel build=$win32 ;;
+for packed in x64 x86; do
+    case $packed in
+    x64) platform=x64 folder=$win64 platform_key=win64 ;;
+    x86) platform=Intel folder=$win32 platform_key=win32 ;;
     esac
     for scope in machine user; do
         case $scope in
-        machine) msi=$packages/ORVFilter-$version-$arch.msi registry_root=2 all_users=1 words=2 ;;
-        user) msi=$packages/ORVFilter-$version-$arch-user.msi registry_root=1 all_users="" words=10 ;;
+        machine) msi=$packages/ORVFilter-$version-$packed.msi registry_root=2 all_users=1 words=2 ;;
+        user) msi=$packages/ORVFilter-$version-$packed-user.msi registry_root=1 all_users="" words=10 ;;
         esac
-        name="$arch for the $scope"
+        name="$packed for the $scope"
         expect "$name: version" "$(property "$msi" ProductVersion)" "$version"
         expect "$name: ALLUSERS" "$(property "$msi" ALLUSERS)" "$all_users"
         expect "$name: platform" "$(msiinfo suminfo "$msi" | sed -n 's/^Template: \([^;]*\);.*/\1/p')" "$platform"
@@ -33,8 +37,7 @@ for bits in 64 32; do
             { sub(/^Software\\Classes\\/, "", $3); gsub(/\[#ORVFilter\.ocx\]/, "<file>", $5); gsub(/\[INSTALLDIR\]/, "<folder>", $5) }
             $4 == "*" { print $3; next }
             { print $3, $4, $5 }' | sort >"$work/written"
-        "${wine[@]}" "$win64/bin/registration_table.exe" "$win64/bin/ORVFilter.ocx" 2>/dev/null >"$work/printed"
-        tr -d '\r' <"$work/printed" | sed "s/\\\\win64\t/\\\\win$bits\t/" | sort >"$work/registered"
+        sed "s/\\\\win\(64\|32\)\t/\\\\$platform_key\t/" "$work/table" | sort >"$work/registered"
         if [ -s "$work/registered" ] && diff "$work/registered" "$work/written"; then
             pass "$name: writes what the control registers"
         else
@@ -44,7 +47,7 @@ for bits in 64 32; do
         mkdir "$work/files"
         msiextract -C "$work/files" "$msi" >/dev/null
         file=$(find "$work/files" -iname 'ORVFilter.ocx' -o -iname 'ORVFLT.OCX' | head -n 1)
-        if [ -n "$file" ] && cmp -s "$file" "$build/bin/ORVFilter.ocx"; then pass "$name: holds the control"; else fail "$name: holds another control"; fi
+        if [ -n "$file" ] && cmp -s "$file" "$folder/bin/ORVFilter.ocx"; then pass "$name: holds the control"; else fail "$name: holds another control"; fi
     done
 done
 expect "each package upgrades its own kind" "${#upgrade_codes[@]}" 4
