@@ -20,7 +20,7 @@ samples=$folder/samples/cpp/build
 if cmake -S "$folder/samples/cpp" -B "$samples" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
     -DCMAKE_C_COMPILER=$triple-gcc-posix -DCMAKE_CXX_COMPILER=$triple-g++-posix \
     -DCMAKE_RC_COMPILER=$triple-windres >"$work/samples.log" 2>&1 &&
-    cmake --build "$samples" >>"$work/samples.log" 2>&1; then
+    cmake --build "$samples" -j2 >>"$work/samples.log" 2>&1; then
     pass "the C++ samples are built from the zip alone"
 else
     tail -n 30 "$work/samples.log"
@@ -34,6 +34,14 @@ printed() { tr -d '\r' <"$work/sample" | tr '\n' ' '; }
 "${wine[@]}" "$samples/early-bound.exe" 2>/dev/null >"$work/sample"
 expect "early-bound ends well" $? 0
 expect "early-bound prints the texts" "$(printed)" "scheme applied: yes $sql sort: t_Receipt.FDate  ASC  columns: 3 the server's date is today's: yes "
+# A component that the host does not offer is named.
+manifest=$samples/SampleHost.Components.manifest
+cp "$manifest" "$work/manifest"
+grep -v '"ORVEBCGLView.GLData"' "$work/manifest" >"$manifest"
+"${wine[@]}" "$samples/early-bound.exe" 2>/dev/null >"$work/sample"
+expect "a missing component fails the program" $? 1
+expect "a missing component is named" "$(tail -n 1 "$work/sample" | tr -d '\r')" "failed: ActiveX 部件不能创建对象: ORVEBCGLView.GLData (0x800A01AD)"
+cp "$work/manifest" "$manifest"
 # The fetched 32-bit programs have no display.
 if [ "$bits" -eq 64 ]; then
     "$root/scripts/wine-env" --display wine "$samples/dialog-host.exe" --demo 2>/dev/null >"$work/sample"

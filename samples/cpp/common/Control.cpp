@@ -5,11 +5,18 @@
 
 namespace {
 
-ComPtr<IDispatch> createComponent(const wchar_t* progId) {
+/// An object of a class; a failure tells which class it was.
+void create(const wchar_t* progId, REFIID interfaceId, void** out) {
     CLSID id;
-    check(CLSIDFromProgID(progId, &id));
+    HRESULT result = CLSIDFromProgID(progId, &id);
+    if (SUCCEEDED(result))
+        result = CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, interfaceId, out);
+    check(result, progId);
+}
+
+ComPtr<IDispatch> createComponent(const wchar_t* progId) {
     ComPtr<IDispatch> component;
-    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, IID_IDispatch, component.putVoid()));
+    create(progId, IID_IDispatch, component.putVoid());
     return component;
 }
 
@@ -26,16 +33,24 @@ void put(IDispatch* object, DISPID id, std::initializer_list<Variant> arguments)
 
 } // namespace
 
-void check(HRESULT result) {
+void check(HRESULT result, const wchar_t* what) {
     if (SUCCEEDED(result))
         return;
+    std::wstring description = *what ? what + std::wstring(L": ") : std::wstring();
     ComPtr<IErrorInfo> info;
-    Text description;
-    if (GetErrorInfo(0, info.put()) == S_OK)
-        info->GetDescription(description.address());
+    Text told;
+    if (GetErrorInfo(0, info.put()) == S_OK && SUCCEEDED(info->GetDescription(told.address()))) {
+        description += told.string();
+    } else {
+        wchar_t words[256] = L"";
+        constexpr DWORD inOneLine = FORMAT_MESSAGE_MAX_WIDTH_MASK;
+        FormatMessageW(FORMAT_MESSAGE_FROM_SYSTEM | FORMAT_MESSAGE_IGNORE_INSERTS | inOneLine, nullptr,
+                       static_cast<DWORD>(result), 0, words, 256, nullptr);
+        description += words;
+    }
     wchar_t code[16];
-    std::swprintf(code, 16, L"0x%08lX", static_cast<unsigned long>(result));
-    throw ComError{result, std::wstring(code) + L" " + description.string()};
+    std::swprintf(code, 16, L" (0x%08lX)", static_cast<unsigned long>(result));
+    throw ComError{result, description + code};
 }
 
 void printLine(const std::wstring& line) {
@@ -48,10 +63,8 @@ void printLine(const std::wstring& line) {
 }
 
 ComPtr<_Filter> createFilter() {
-    CLSID id;
-    check(CLSIDFromProgID(L"ORVFilter.Filter", &id));
     ComPtr<_Filter> filter;
-    check(CoCreateInstance(id, nullptr, CLSCTX_INPROC_SERVER, __uuidof(_Filter), filter.putVoid()));
+    create(L"ORVFilter.Filter", __uuidof(_Filter), filter.putVoid());
     return filter;
 }
 

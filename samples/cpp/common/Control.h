@@ -11,7 +11,8 @@ struct ComError {
     HRESULT code;
     std::wstring description;
 };
-void check(HRESULT result);
+/// Raises ComError for a failure; `what` says what was asked for.
+void check(HRESULT result, const wchar_t* what = L"");
 
 /// Prints a line in UTF-8, whatever the console's own code page is.
 void printLine(const std::wstring& line);

@@ -14,15 +14,23 @@ namespace {
 constexpr UINT_PTR demoTimer = 1;
 
 struct FilterDialog {
-    explicit FilterDialog(HWND window) : site(window) {}
+    explicit FilterDialog(HWND dialog) : window(dialog), site(dialog) {}
+    ~FilterDialog() {
+        SetWindowLongPtrW(window, DWLP_USER, 0);
+        if (filter)
+            filter->ClearMem();
+        site.close();
+        DestroyWindow(window);
+    }
+    HWND window;
     Site site;
     ComPtr<_Filter> filter;
-    bool isDemo = false;
     bool isDone = false;
 };
 
 /// The buttons stay in the corner; the control takes the rest.
-void layOut(HWND window, FilterDialog& dialog) {
+void layOut(FilterDialog& dialog) {
+    const HWND window = dialog.window;
     RECT client, button;
     GetClientRect(window, &client);
     GetWindowRect(GetDlgItem(window, IDOK), &button);
@@ -49,85 +57,66 @@ bool takeResult(_Filter* filter) {
     return true;
 }
 
-void start(HWND window, FilterDialog& dialog) {
-    dialog.filter = createFilter();
-    dialog.site.embed(dialog.filter.get(), {0, 0, 100, 100});
-    initialize(dialog.filter.get());
-    layOut(window, dialog);
-    if (dialog.isDemo) {
-        VARIANT_BOOL applied = VARIANT_FALSE;
-        check(dialog.filter->RefreshProfile(sampleScheme().get(), &applied));
-        SetTimer(window, demoTimer, 1500, nullptr); // ms: time to see it
-    }
-}
-
-INT_PTR handle(HWND window, FilterDialog& dialog, UINT message, WPARAM first) {
-    switch (message) {
-    case WM_SIZE:
-        layOut(window, dialog);
-        return TRUE;
-    case WM_TIMER:
-        KillTimer(window, demoTimer);
-        SendMessageW(GetDlgItem(window, IDOK), BM_CLICK, 0, 0);
-        return TRUE;
-    case WM_COMMAND:
-        if (LOWORD(first) == IDOK)
-            dialog.isDone = takeResult(dialog.filter.get());
-        else if (LOWORD(first) == IDCANCEL)
-            dialog.isDone = true;
-        return TRUE;
-    default:
-        return FALSE;
-    }
-}
-
 // No exception may leave it: Windows is its caller.
 INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM) {
     auto* const dialog = reinterpret_cast<FilterDialog*>(GetWindowLongPtrW(window, DWLP_USER));
     if (!dialog)
         return FALSE;
     try {
-        return handle(window, *dialog, message, first);
+        if (message == WM_SIZE) {
+            layOut(*dialog);
+        } else if (message == WM_TIMER) {
+            KillTimer(window, demoTimer);
+            SendMessageW(GetDlgItem(window, IDOK), BM_CLICK, 0, 0);
+        } else if (message == WM_COMMAND) {
+            dialog->isDone = LOWORD(first) == IDCANCEL || (LOWORD(first) == IDOK && takeResult(dialog->filter.get()));
+        } else {
+            return FALSE;
+        }
     } catch (const ComError& error) {
         MessageBoxW(window, error.description.c_str(), L"dialog-host", MB_ICONERROR);
         dialog->isDone = true;
-        return TRUE;
     }
+    return TRUE;
 }
 
 void run(bool isDemo) {
-    const HWND window = CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), nullptr, procedure, 0);
-    FilterDialog dialog(window);
-    dialog.isDemo = isDemo;
-    SetWindowLongPtrW(window, DWLP_USER, reinterpret_cast<LONG_PTR>(&dialog));
-    start(window, dialog);
-    ShowWindow(window, SW_SHOW);
+    FilterDialog dialog(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), nullptr, procedure, 0));
+    SetWindowLongPtrW(dialog.window, DWLP_USER, reinterpret_cast<LONG_PTR>(&dialog));
+    dialog.filter = createFilter();
+    dialog.site.embed(dialog.filter.get(), {0, 0, 100, 100});
+    initialize(dialog.filter.get());
+    layOut(dialog);
+    ShowWindow(dialog.window, SW_SHOW);
     dialog.site.activate();
+    if (isDemo) {
+        VARIANT_BOOL applied = VARIANT_FALSE;
+        check(dialog.filter->RefreshProfile(sampleScheme().get(), &applied));
+        SetTimer(dialog.window, demoTimer, 1500, nullptr); // ms: time to see it
+    }
 
     MSG message;
     while (!dialog.isDone && GetMessageW(&message, nullptr, 0, 0) > 0) {
         // The control first: Tab, arrows and Enter mean something in its grids.
-        if (dialog.site.takes(message) || IsDialogMessageW(window, &message))
+        if (dialog.site.takes(message) || IsDialogMessageW(dialog.window, &message))
             continue;
         TranslateMessage(&message);
         DispatchMessageW(&message);
     }
-    check(dialog.filter->ClearMem());
-    dialog.site.close();
-    dialog.filter = {};
-    SetWindowLongPtrW(window, DWLP_USER, 0);
-    DestroyWindow(window);
 }
 
 } // namespace
 
 int WINAPI WinMain(HINSTANCE, HINSTANCE, LPSTR, int) {
-    check(OleInitialize(nullptr));
+    const bool isDemo = std::wcsstr(GetCommandLineW(), L"--demo") != nullptr;
     int status = 0;
     try {
-        run(std::wcsstr(GetCommandLineW(), L"--demo") != nullptr);
+        check(OleInitialize(nullptr));
+        run(isDemo);
     } catch (const ComError& error) {
         printLine(L"failed: " + error.description);
+        if (!isDemo)
+            MessageBoxW(nullptr, error.description.c_str(), L"dialog-host", MB_ICONERROR);
         status = 1;
     }
     OleUninitialize();

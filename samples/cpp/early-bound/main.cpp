@@ -55,9 +55,9 @@ void run() {
 } // namespace
 
 int main() {
-    check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
     int status = 0;
     try {
+        check(CoInitializeEx(nullptr, COINIT_APARTMENTTHREADED));
         run();
     } catch (const ComError& error) {
         printLine(L"failed: " + error.description);
