@@ -16,6 +16,24 @@ done
 folder=$work/zip/ORVFilter-$version-$arch
 run_package_tests "the unpacked zip" "$folder"
 
+# The helpers register and unregister the control beside them, and tell when they cannot.
+helper() { "${wine[@]}" cmd /c "Z:$folder/$1" ${2:+"$2"} >/dev/null 2>&1; }
+is_registered() { "${wine[@]}" reg query "$1\\ORVFilter.Filter\\CLSID" >/dev/null 2>&1 && echo yes || echo no; }
+for scope in machine user; do
+    case $scope in
+    machine) argument="" classes="HKLM\\Software\\Classes${view:+\\${view%\\}}" ;;
+    user) argument=user classes="HKCU\\Software\\Classes" ;;
+    esac
+    helper register.cmd "$argument"
+    expect "register.cmd for the $scope" "$? $(is_registered "$classes")" "0 yes"
+    helper unregister.cmd "$argument"
+    expect "unregister.cmd for the $scope" "$? $(is_registered "$classes")" "0 no"
+done
+mv "$folder/ORVFilter.ocx" "$folder/elsewhere"
+helper register.cmd ""
+expect "register.cmd without the control" $? 1
+mv "$folder/elsewhere" "$folder/ORVFilter.ocx"
+
 samples=$folder/samples/cpp/build
 if cmake -S "$folder/samples/cpp" -B "$samples" -G Ninja -DCMAKE_BUILD_TYPE=Release -DCMAKE_SYSTEM_NAME=Windows \
     -DCMAKE_C_COMPILER=$triple-gcc-posix -DCMAKE_CXX_COMPILER=$triple-g++-posix \
