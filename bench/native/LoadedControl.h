@@ -1,0 +1,25 @@
+#pragma once
+
+#include "bench/host/LargeHost.h"
+#include "bench/native/PlainCondition.h"
+#include "control/Filter.h"
+
+#include <cstdint>
+#include <vector>
+
+namespace orv::bench {
+
+/// A control on a host of many fields, as a list window has it: settings, data service, all pages, Initialize.
+struct LoadedControl {
+    /// Throws std::runtime_error when the control refuses the host.
+    explicit LoadedControl(std::int32_t fields);
+
+    /// Enters conditions from the first line on, as a user does.
+    void enter(const std::vector<PlainCondition>& conditions);
+
+    LargeHost host;
+    SilentPrompts prompts;
+    control::Filter filter{host, prompts};
+};
+
+} // namespace orv::bench
