@@ -116,60 +116,62 @@ Dictionary fieldRecord(std::int32_t position) {
                    {u"FEditLen", std::int32_t{80}}});
 }
 
+LargeTables makeTables(std::int32_t fields, std::int32_t classTypeId, const Counted& counted) {
+    const Collection selectList = automation::makeCollection();
+    const Dictionary tableInfo = automation::makeDictionary();
+    for (std::int32_t position = 1; position <= fields; ++position) {
+        const std::u16string key = largeFieldKey(position);
+        selectList.add(counted(record({{u"Fkey", key},
+                                       {u"FVisible", true},
+                                       {u"FMustGet", std::int32_t{position % 50 == 0 ? 1 : 0}},
+                                       {u"Decimal", std::int32_t{0}}})
+                                   .object()));
+        tableInfo.set(key, counted(fieldRecord(position).object()));
+    }
+    const Collection pages = automation::makeCollection();
+    for (const char16_t* name : {u"单据头", u"单据体"})
+        pages.add(counted(record({{u"FName", name}, {u"FEntryType", std::int32_t{0}}}).object()));
+    const Dictionary classType = record({{u"FID", classTypeId}, {u"FName", u"大单据"}});
+    return {classTypeId, counted(selectList.object()), counted(pages.object()), counted(tableInfo.object()),
+            counted(classType.object())};
+}
+
 class LargeDataService final : public automation::Object {
   public:
-    LargeDataService(std::int32_t fields, Counted counted) : fields_(fields), counted_(std::move(counted)) {
-        serve(firstLargeClassType);
-    }
+    LargeDataService(std::shared_ptr<const std::vector<LargeTables>> tables, Counted counted)
+        : tables_(std::move(tables)), counted_(std::move(counted)) {}
 
     Value invoke(std::u16string_view member, InvokeKind kind, Arguments arguments) override {
         if (automation::sameMember(member, u"ClassTypeID")) {
             if (kind == InvokeKind::let)
                 serve(automation::toInt32(arguments[0].value()));
-            return classTypeId_;
+            return served().classTypeId;
         }
         if (automation::sameMember(member, u"getCondition"))
             return counted_(comparisonsOf(automation::toText(arguments[0].value()), counted_).object());
         if (automation::sameMember(member, u"TypeList"))
             return false;
-        for (const auto& [name, table] : {std::pair(u"SelectList", &selectList_), std::pair(u"ClassTypeEntry", &pages_),
-                                          std::pair(u"TableInfo", &tableInfo_), std::pair(u"ClassType", &classType_)})
+        for (const auto& [name, table] :
+             {std::pair(u"SelectList", &LargeTables::selectList), std::pair(u"ClassTypeEntry", &LargeTables::pages),
+              std::pair(u"TableInfo", &LargeTables::tableInfo), std::pair(u"ClassType", &LargeTables::classType)})
             if (automation::sameMember(member, name))
-                return *table;
+                return served().*table;
         throw AutomationError::runtime(automation::errorNumber::memberNotFound);
     }
     std::u16string_view typeName() const override { return u"LargeDataService"; }
 
     void serve(std::int32_t classTypeId) {
-        classTypeId_ = classTypeId;
-        const Collection selectList = automation::makeCollection();
-        const Dictionary tableInfo = automation::makeDictionary();
-        for (std::int32_t position = 1; position <= fields_; ++position) {
-            const std::u16string key = largeFieldKey(position);
-            selectList.add(counted_(record({{u"Fkey", key},
-                                            {u"FVisible", true},
-                                            {u"FMustGet", std::int32_t{position % 50 == 0 ? 1 : 0}},
-                                            {u"Decimal", std::int32_t{0}}})
-                                        .object()));
-            tableInfo.set(key, counted_(fieldRecord(position).object()));
-        }
-        const Collection pages = automation::makeCollection();
-        for (const char16_t* name : {u"单据头", u"单据体"})
-            pages.add(counted_(record({{u"FName", name}, {u"FEntryType", std::int32_t{0}}}).object()));
-        selectList_ = counted_(selectList.object());
-        tableInfo_ = counted_(tableInfo.object());
-        pages_ = counted_(pages.object());
-        classType_ = counted_(record({{u"FID", classTypeId}, {u"FName", u"大单据"}}).object());
+        for (std::size_t i = 0; i < tables_->size(); ++i)
+            if ((*tables_)[i].classTypeId == classTypeId)
+                served_ = i;
     }
 
   private:
-    std::int32_t fields_;
+    const LargeTables& served() const { return (*tables_)[served_]; }
+
+    std::shared_ptr<const std::vector<LargeTables>> tables_;
+    std::size_t served_ = 0;
     Counted counted_;
-    std::int32_t classTypeId_ = 0;
-    Value selectList_;
-    Value tableInfo_;
-    Value pages_;
-    Value classType_;
 };
 
 class ClassInfo final : public automation::Object {
@@ -224,12 +226,18 @@ std::u16string largeFieldKey(std::int32_t position) {
     return u"FField" + automation::numberToText(position);
 }
 
-LargeHost::LargeHost(std::int32_t fields) : fields_(fields) {}
+LargeHost::LargeHost(std::int32_t fields) : fields_(fields) {
+    const Counted counted(count_);
+    auto tables = std::make_shared<std::vector<LargeTables>>();
+    for (const std::int32_t classTypeId : {firstLargeClassType, firstLargeClassType + 1})
+        tables->push_back(makeTables(fields, classTypeId, counted));
+    tables_ = std::move(tables);
+}
 
 ObjectRef LargeHost::create(std::u16string_view progId) {
     const Counted counted(count_);
     if (progId == u"ORVClassTpl.DataSrv")
-        return automation::toObject(counted(std::make_shared<LargeDataService>(fields_, counted)));
+        return automation::toObject(counted(std::make_shared<LargeDataService>(tables_, counted)));
     if (progId == u"ORVMClass.ClassInfo")
         return automation::toObject(counted(std::make_shared<ClassInfo>(counted)));
     if (progId == u"ORVEBCGLView.GLData" || progId == u"ORVPropsMgr.ShareProps")
@@ -239,9 +247,8 @@ ObjectRef LargeHost::create(std::u16string_view progId) {
 
 ObjectRef LargeHost::dataService(std::int32_t classTypeId) {
     const Counted counted(count_);
-    const auto service = std::make_shared<LargeDataService>(fields_, counted);
-    if (classTypeId != firstLargeClassType)
-        service->serve(classTypeId);
+    const auto service = std::make_shared<LargeDataService>(tables_, counted);
+    service->serve(classTypeId);
     return automation::toObject(counted(service));
 }
 

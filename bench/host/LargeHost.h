@@ -10,11 +10,22 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <vector>
 
 namespace orv::bench {
 
+/// What a LargeHost's data service answers for one class type.
+struct LargeTables {
+    std::int32_t classTypeId = 0;
+    automation::Value selectList;
+    automation::Value pages;
+    automation::Value tableInfo;
+    automation::Value classType;
+};
+
 /// A middle tier in memory with class types of any number of fields, which counts the late-bound calls that reach its
-/// objects. Records that the control makes are the control's own and not counted.
+/// objects. Its tables are ready before they are asked for, so that only the control's time counts. Records that the
+/// control makes are the control's own and not counted.
 ///
 /// Fields take turns: dates, numbers, texts, value lists; every fourth has a two-level caption, every ninth is an
 /// amount, every 50th must be fetched. They stand on pages 1 and 2 by halves.
@@ -26,7 +37,7 @@ class LargeHost final : public automation::ObjectFactory {
     automation::ObjectRef create(std::u16string_view progId) override;
     automation::ObjectRef shared(std::u16string_view progId) override { return create(progId); }
 
-    /// A data service for a class type, with tables of its own.
+    /// A data service for one of the two class types. All of them share the tables.
     automation::ObjectRef dataService(std::int32_t classTypeId);
 
     std::int32_t fields() const noexcept { return fields_; }
@@ -36,6 +47,7 @@ class LargeHost final : public automation::ObjectFactory {
 
   private:
     std::int32_t fields_;
+    std::shared_ptr<const std::vector<LargeTables>> tables_;
     std::shared_ptr<CallCount> count_ = std::make_shared<CallCount>();
 };
 

@@ -34,7 +34,7 @@ constexpr Ratio ratios[] = {
 constexpr const char* linear[] = {
     "fields/Initialize",       "fields/class-type switch", "fields/InitHideColumns",
     "fields/m_Header, first",  "fields/m_Header, again",   "fields/scheme load",
-    "fields/field lists anew", "texts/pair list, write",   "texts/pair list, read every key",
+    "fields/field lists anew", "texts/pair list, write",   "texts/pair list, index",
 };
 constexpr double linearGoal = 20;
 

@@ -64,21 +64,37 @@ void writePairList(benchmark::State& state) {
 }
 BENCHMARK(writePairList)->Name("texts/pair list, write")->Arg(100)->Arg(1000)->Arg(10000);
 
-void readPairList(benchmark::State& state) {
+/// Reads every key of a list by what `begin(list)` gives.
+template <class Begin>
+void readPairList(benchmark::State& state, Begin begin) {
     const auto fields = keys(state.range(0));
     std::u16string list;
     std::int32_t row = 0;
     for (const std::u16string& key : fields)
         support::appendPair(list, key, ++row);
     measure(state, fields.size(), [&] {
+        auto read = begin(list);
         std::size_t found = 0;
         for (const std::u16string& key : fields)
-            found += support::lookupPair(list, key).size();
+            found += read(key).size();
         benchmark::DoNotOptimize(found);
     });
     state.counters[counter::bytes] = static_cast<double>(list.size() * sizeof(char16_t));
 }
-BENCHMARK(readPairList)->Name("texts/pair list, read every key")->Arg(100)->Arg(1000)->Arg(10000);
+
+void readPairListIndexed(benchmark::State& state) {
+    readPairList(state, [](std::u16string_view list) {
+        return [index = support::PairIndex(list)](std::u16string_view key) mutable { return index.value(key); };
+    });
+}
+BENCHMARK(readPairListIndexed)->Name("texts/pair list, index")->Arg(100)->Arg(1000)->Arg(10000);
+
+void readPairListSearching(benchmark::State& state) {
+    readPairList(state, [](std::u16string_view list) {
+        return [list](std::u16string_view key) { return support::lookupPair(list, key); };
+    });
+}
+BENCHMARK(readPairListSearching)->Name("texts/pair list, search")->Arg(100)->Arg(1000)->Arg(10000);
 
 /// Calls `read` for each of some texts.
 template <class Read>

@@ -90,8 +90,7 @@ void ConditionGrid::layOut() {
 }
 
 void ConditionGrid::setFieldList(const std::u16string& items) {
-    for (int row = 1; row <= grid_.maxRows(); ++row)
-        grid_.setComboList(column::field, row, items);
+    grid_.setColumnComboList(column::field, items);
 }
 
 std::int32_t ConditionGrid::fieldPosition(int row) const {

@@ -164,14 +164,17 @@ void ColumnGrid::applyLists(const ColumnLists& lists) {
         bool saved = false;
         int row = 0;
     };
+    support::PairIndex positions(lists.ColIndex);
+    support::PairIndex shownFlags(lists.ColHide);
+    support::PairIndex widths(lists.ColWidth);
     std::vector<Row> order;
     for (int row = 1; row <= grid_.maxRows(); ++row) {
         const std::u16string key = grid_.text(keyColumn, row);
-        const std::u16string_view position = support::lookupPair(lists.ColIndex, key);
+        const std::u16string_view position = positions.value(key);
         order.push_back({automation::Val(position), !position.empty(), row});
-        if (const std::u16string_view shown = support::lookupPair(lists.ColHide, key); !shown.empty())
+        if (const std::u16string_view shown = shownFlags.value(key); !shown.empty())
             grid_.setText(shownColumn, row, automation::Val(shown) != 0 ? u"1" : u"0");
-        if (const std::u16string_view twips = support::lookupPair(lists.ColWidth, key); !twips.empty())
+        if (const std::u16string_view twips = widths.value(key); !twips.empty())
             grid_.setText(widthColumn, row, widthText(automation::Val(twips) / twipsPerMillimetre));
     }
     std::ranges::stable_sort(order, [](const Row& a, const Row& b) {

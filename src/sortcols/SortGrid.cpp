@@ -58,8 +58,7 @@ void SortGrid::layOut() {
 }
 
 void SortGrid::setFieldList(const std::u16string& items) {
-    for (int row = 1; row <= grid_.maxRows(); ++row)
-        grid_.setComboList(fieldColumn, row, items);
+    grid_.setColumnComboList(fieldColumn, items);
 }
 
 std::u16string SortGrid::fieldKey(int row) const {

@@ -14,16 +14,40 @@ std::size_t findKey(std::u16string_view text, std::u16string_view key) noexcept 
         at = text.find(key, at + 1);
     return at;
 }
+
+/// The value of the item that a key of that length begins at `at`.
+std::u16string_view valueAt(std::u16string_view text, std::size_t at, std::size_t keyLength,
+                            std::u16string_view separator) noexcept {
+    const std::u16string_view item = text.substr(at, text.find(separator, at) - at);
+    // A key that holds the separator itself is cut with its item: nothing is left for a value.
+    const std::size_t head = keyLength + 1;
+    return item.size() > head ? item.substr(head) : std::u16string_view();
+}
 } // namespace
 
 std::u16string_view lookupPair(std::u16string_view text, std::u16string_view key, std::u16string_view separator) {
     const std::size_t at = findKey(text, key);
-    if (at == std::u16string_view::npos)
-        return {};
-    const std::u16string_view item = text.substr(at, text.find(separator, at) - at);
-    // A key that holds the separator itself is cut with its item: nothing is left for a value.
-    const std::size_t head = key.size() + 1;
-    return item.size() > head ? item.substr(head) : std::u16string_view();
+    return at == std::u16string_view::npos ? std::u16string_view() : valueAt(text, at, key.size(), separator);
+}
+
+PairIndex::PairIndex(std::u16string_view text, std::u16string_view separator) : text_(text), separator_(separator) {
+    for (std::size_t sign = text.find(u'='); sign != std::u16string_view::npos; sign = text.find(u'=', sign + 1))
+        signs_.push_back(sign);
+}
+
+std::u16string_view PairIndex::value(std::u16string_view key) {
+    // A key is found where it stands before a "=", within a longer key, too: so runs of the key's length count, not
+    // whole keys.
+    const auto [known, isNew] = heads_.try_emplace(key.size());
+    Heads& heads = known->second;
+    if (isNew) {
+        heads.reserve(signs_.size());
+        for (const std::size_t sign : signs_)
+            if (sign >= key.size())
+                heads.try_emplace(text_.substr(sign - key.size(), key.size()), sign - key.size());
+    }
+    const auto found = heads.find(key);
+    return found == heads.end() ? std::u16string_view() : valueAt(text_, found->second, key.size(), separator_);
 }
 
 void appendPair(std::u16string& list, std::u16string_view key, std::u16string_view value) {

@@ -1,8 +1,12 @@
 #pragma once
 
+#include <cstddef>
 #include <cstdint>
+#include <map>
 #include <string>
 #include <string_view>
+#include <unordered_map>
+#include <vector>
 
 // Pair lists: "key=value" items, each closed by a separator ("|" in schemes, ";" in the user properties).
 namespace orv::support {
@@ -14,6 +18,24 @@ inline constexpr std::u16string_view propsSeparator = u";";
 /// The occurrence may stand inside a longer key: stored lists have always been read so. The view points into `text`.
 std::u16string_view lookupPair(std::u16string_view text, std::u16string_view key,
                                std::u16string_view separator = schemeSeparator);
+
+/// A pair list that is asked for many keys: gives what lookupPair gives for each, without searching the text again.
+/// The text must outlive it.
+class PairIndex {
+  public:
+    explicit PairIndex(std::u16string_view text, std::u16string_view separator = schemeSeparator);
+    /// The value of a key, as lookupPair finds it. The view points into the text.
+    std::u16string_view value(std::u16string_view key);
+
+  private:
+    /// Where each run of units that stands before a "=" begins first.
+    using Heads = std::unordered_map<std::u16string_view, std::size_t>;
+
+    std::u16string_view text_;
+    std::u16string_view separator_;
+    std::vector<std::size_t> signs_;     ///< positions of "="
+    std::map<std::size_t, Heads> heads_; ///< by the length of the run; made when a key of that length is asked for
+};
 
 /// Appends `key` + "=" + value + "|" to a list.
 void appendPair(std::u16string& list, std::u16string_view key, std::u16string_view value);

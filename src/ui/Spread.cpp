@@ -164,18 +164,35 @@ bool Spread::editable(int column, int row) const {
 
 // Combo lists
 
-void Spread::setComboList(int column, int row, std::u16string_view tabbedItems) {
+Spread::ItemList Spread::shareItems(std::u16string_view tabbedItems) {
+    return tabbedItems.empty() ? nullptr : lists_.share(splitAtTabs(tabbedItems));
+}
+
+void Spread::storeItems(int column, int row, ItemList items) {
     if (cellType(column, row) != CellType::comboBox) {
-        if (!tabbedItems.empty())
+        if (items)
             throw AutomationError::runtime(invalidCall);
         return;
     }
     Cell& cell = at(column, row);
-    cell.items = tabbedItems.empty() ? nullptr : lists_.share(splitAtTabs(tabbedItems));
+    cell.items = std::move(items);
     cell.selection = cell.items ? positionOf(*cell.items, cell.text) : -1;
     if (cell.selection < 0 && !format(column, row).freeText)
         cell.text.clear();
     cellUpdated.raise(column, row);
+}
+
+void Spread::setComboList(int column, int row, std::u16string_view tabbedItems) {
+    check(column, row);
+    storeItems(column, row, shareItems(tabbedItems));
+}
+
+void Spread::setColumnComboList(int column, std::u16string_view tabbedItems) {
+    check(column, 0);
+    const ItemList items = shareItems(tabbedItems);
+    const auto alive = lifetime();
+    for (int row = 1; !alive.expired() && inGrid(column, row); ++row)
+        storeItems(column, row, items);
 }
 
 const std::vector<std::u16string>& Spread::comboItems(int column, int row) const {

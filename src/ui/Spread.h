@@ -99,6 +99,8 @@ class Spread : public Control {
     /// Replaces the list. The selection goes to the item of the cell's text; without one nothing is selected, and the
     /// text is emptied unless the format is free text.
     void setComboList(int column, int row, std::u16string_view tabbedItems);
+    /// Gives the cells of a column one list, from row 1 to the last; the text is read once for all of them.
+    void setColumnComboList(int column, std::u16string_view tabbedItems);
     const std::vector<std::u16string>& comboItems(int column, int row) const;
     /// The selected position from 0, -1 when nothing is selected.
     int comboSelection(int column, int row) const;
@@ -159,10 +161,11 @@ class Spread : public Control {
 
   private:
     /// The lists and formats are shared between cells; null is no list, the default format.
+    using ItemList = std::shared_ptr<const std::vector<std::u16string>>;
     struct Cell {
         std::u16string text;
         std::shared_ptr<const CellFormat> format;
-        std::shared_ptr<const std::vector<std::u16string>> items;
+        ItemList items;
         int selection = -1;
         std::optional<std::uint32_t> backColor;
         bool locked = false;
@@ -178,6 +181,8 @@ class Spread : public Control {
     const Cell* find(int column, int row) const;
     Cell& at(int column, int row);
     void storeCheckText(int column, int row, std::u16string text);
+    ItemList shareItems(std::u16string_view tabbedItems);
+    void storeItems(int column, int row, ItemList items);
     void storeSelection(int column, int row, int position);
     void reshaped();
     void rowsMoved();
