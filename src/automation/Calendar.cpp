@@ -39,7 +39,8 @@ Moment momentOf(double days) {
     if (!isDateInRange(days))
         throw AutomationError::runtime(errorNumber::overflow);
     double wholeDays = std::trunc(days);
-    auto second = static_cast<int>(std::lround(std::fabs(days - wholeDays) * secondsPerDay));
+    const double time = std::fabs(days - wholeDays);
+    int second = time == 0 ? 0 : static_cast<int>(std::lround(time * secondsPerDay));
     if (second == secondsPerDay) { // the last half second of a day rounds up to the next midnight
         second = 0;
         wholeDays += 1;

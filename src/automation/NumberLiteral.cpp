@@ -1,8 +1,11 @@
 #include "automation/NumberLiteral.h"
 
+#include "automation/Ascii.h"
+
 #include <algorithm>
 #include <charconv>
 #include <cstddef>
+#include <cstdint>
 #include <limits>
 #include <system_error>
 
@@ -29,6 +32,32 @@ bool isLarge(std::string_view literal) {
 }
 
 } // namespace
+
+std::optional<double> readPlainNumber(std::u16string_view text) noexcept {
+    // Whole numbers and powers of ten of so many digits are exact as Doubles, so their quotient is the nearest one.
+    constexpr std::size_t mostDigits = 15;
+    static constexpr double powersOfTen[mostDigits + 1] = {1e0, 1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
+                                                           1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
+    const bool negative = !text.empty() && text.front() == u'-';
+    text.remove_prefix(negative ? 1 : 0);
+    std::int64_t digits = 0;
+    std::size_t count = 0;
+    std::size_t point = text.size();
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (isAsciiDigit(text[i]) && count < mostDigits) {
+            digits = digits * 10 + (text[i] - u'0');
+            ++count;
+        } else if (text[i] == u'.' && point == text.size() && count != 0) {
+            point = i;
+        } else {
+            return std::nullopt;
+        }
+    }
+    if (count == 0)
+        return std::nullopt;
+    const double magnitude = static_cast<double>(digits) / powersOfTen[count - std::min(count, point)];
+    return negative && digits != 0 ? -magnitude : magnitude;
+}
 
 double parseLiteral(std::string_view literal) {
     double number = 0;

@@ -2,10 +2,13 @@
 
 #include "automation/Coercion.h"
 
+#include <algorithm>
 #include <array>
 #include <charconv>
 #include <cmath>
 #include <cstddef>
+#include <cstdint>
+#include <cstdlib>
 #include <string>
 #include <string_view>
 
@@ -17,7 +20,9 @@ namespace {
 constexpr int significantDigits = 15;
 
 void appendAscii(std::u16string& out, std::string_view text) {
-    out.append(text.begin(), text.end());
+    const std::size_t before = out.size();
+    out.resize(before + text.size());
+    std::copy(text.begin(), text.end(), out.begin() + static_cast<std::ptrdiff_t>(before));
 }
 
 /// The digits of a positive number without trailing zeros, and the power of ten of the first one.
@@ -86,9 +91,39 @@ int decimalsOf(const Digits& digits) {
     return static_cast<int>(digits.count) - 1 - digits.exponent;
 }
 
+/// Writes a number that has few decimals as the whole number that it is a quotient of. False when it has more.
+bool appendShort(std::u16string& out, double number) {
+    // Below this bound every whole number has at most 15 digits, which a Double keeps: when the quotient is the number
+    // again, its digits are those that the number has when rounded to 15.
+    constexpr double bound = 1e15;
+    constexpr int mostDecimals = 4;
+    double power = 1;
+    for (int decimals = 0; decimals <= mostDecimals; ++decimals, power *= 10) {
+        const double whole = std::nearbyint(number * power);
+        if (!(std::fabs(whole) < bound))
+            return false;
+        if (whole / power != number)
+            continue;
+        const std::int64_t units = std::abs(static_cast<std::int64_t>(whole));
+        const auto scale = static_cast<std::int64_t>(power);
+        if (number < 0)
+            out += u'-';
+        appendInteger(out, units / scale);
+        if (decimals != 0) {
+            out += u'.';
+            for (std::int64_t place = scale / 10; place != 0; place /= 10)
+                out += static_cast<char16_t>(u'0' + units / place % 10);
+        }
+        return true;
+    }
+    return false;
+}
+
 } // namespace
 
 void appendNumber(std::u16string& out, double number) {
+    if (appendShort(out, number))
+        return;
     if (std::isnan(number)) {
         out += std::signbit(number) ? u"-1.#IND" : u"1.#QNAN";
         return;
@@ -97,10 +132,6 @@ void appendNumber(std::u16string& out, double number) {
         out += u'-';
     if (std::isinf(number)) {
         out += u"1.#INF";
-        return;
-    }
-    if (number == 0) { // negative zero included
-        out += u'0';
         return;
     }
     const Digits digits = digitsOf(std::fabs(number));

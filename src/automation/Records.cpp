@@ -5,7 +5,6 @@
 #include "automation/MemberNames.h"
 
 #include <cstddef>
-#include <functional>
 #include <string>
 #include <unordered_map>
 #include <utility>
@@ -70,11 +69,6 @@ class CollectionObject final : public Object {
     std::vector<Value> items_;
 };
 
-struct TextHash {
-    using is_transparent = void;
-    std::size_t operator()(std::u16string_view text) const noexcept { return std::hash<std::u16string_view>()(text); }
-};
-
 class DictionaryObject final : public Object {
   public:
     Value invoke(std::u16string_view member, InvokeKind kind, Arguments arguments) override {
@@ -121,8 +115,28 @@ class DictionaryObject final : public Object {
     const Value* find(const Value& key) const {
         // Most keys come as texts already: those are looked up without a copy.
         const auto* text = key.getIf<std::u16string>();
-        const auto found = text != nullptr ? positions_.find(*text) : positions_.find(toText(key));
-        return found == positions_.end() ? nullptr : &entries_[found->second].second;
+        const std::size_t position = text != nullptr ? positionOf(*text) : positionOf(toText(key));
+        return position == entries_.size() ? nullptr : &entries_[position].second;
+    }
+
+    /// The position of a key's entry; the number of entries without one.
+    std::size_t positionOf(const std::u16string& key) const {
+        if (entries_.size() > mostUnindexed) {
+            const auto found = positions_.find(key);
+            return found == positions_.end() ? entries_.size() : found->second;
+        }
+        std::size_t position = 0;
+        while (position < entries_.size() && entries_[position].first != key)
+            ++position;
+        return position;
+    }
+
+    void append(std::u16string key, Value value) {
+        entries_.emplace_back(std::move(key), std::move(value));
+        if (entries_.size() <= mostUnindexed)
+            return;
+        for (std::size_t position = positions_.size(); position < entries_.size(); ++position)
+            positions_.emplace(entries_[position].first, position);
     }
 
     const Value& read(const Value& key) const {
@@ -133,12 +147,12 @@ class DictionaryObject final : public Object {
     }
 
     void write(std::u16string key, Value value) {
-        const auto [position, isNew] = positions_.try_emplace(key, entries_.size());
-        if (isNew)
-            entries_.emplace_back(std::move(key), std::move(value));
+        const std::size_t position = positionOf(key);
+        if (position == entries_.size())
+            append(std::move(key), std::move(value));
         else
             // The old content may run its own clean-up when it goes: the entry holds the new one by then.
-            std::swap(entries_[position->second].second, value);
+            std::swap(entries_[position].second, value);
     }
 
     Value keys() const {
@@ -169,8 +183,11 @@ class DictionaryObject final : public Object {
         return value;
     }
 
+    /// A record's few keys are found sooner one after another than through a table, and take less room.
+    static constexpr std::size_t mostUnindexed = 24;
+
     std::vector<Entry> entries_;
-    std::unordered_map<std::u16string, std::size_t, TextHash, std::equal_to<>> positions_;
+    std::unordered_map<std::u16string, std::size_t> positions_; ///< empty up to so many entries
 };
 
 } // namespace

@@ -5,6 +5,7 @@
 
 #include <cmath>
 #include <cstdint>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -79,6 +80,12 @@ void takeExponent(Scanner& scan, std::string& literal) {
 } // namespace
 
 double Val(std::u16string_view text) {
+    while (!text.empty() && text.front() == u' ')
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == u' ')
+        text.remove_suffix(1);
+    if (const std::optional<double> plain = readPlainNumber(text))
+        return *plain;
     Scanner scan(text);
     if (scan.take(u'&'))
         return radixNumber(scan);

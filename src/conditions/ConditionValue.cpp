@@ -23,7 +23,7 @@ void appendQuoted(std::u16string& out, std::u16string_view text) {
 
 void appendQuotedDate(std::u16string& out, double days) {
     out += u'\'';
-    support::appendDate(out, support::datePart(days), u"YYYY-MM-DD");
+    support::appendIsoDate(out, support::datePart(days));
     out += u'\'';
 }
 

@@ -89,8 +89,10 @@ void appendNullTest(std::u16string& out, const ColumnExpression& column, std::u1
 } // namespace
 
 DateKeyword dateKeyword(std::u16string_view text) noexcept {
+    if (text.empty()) // a comparison that takes a value: nearly all of them
+        return DateKeyword::none;
     for (const Keyword& known : keywords)
-        if (support::equalIgnoringCase(text, known.text))
+        if (text.size() == known.text.size() && support::equalIgnoringCase(text, known.text))
             return known.keyword;
     return DateKeyword::none;
 }
@@ -111,9 +113,9 @@ void appendDateKeywordSql(std::u16string& out, const ColumnExpression& column, s
     if (needsToday(keyword)) {
         const DayRange range = rangeOf(keyword, today.date(), days);
         out += u'\'';
-        support::appendDate(out, range.first, u"YYYY-MM-DD");
+        support::appendIsoDate(out, range.first);
         out += u"' AND '";
-        support::appendDate(out, range.last, u"YYYY-MM-DD");
+        support::appendIsoDate(out, range.last);
         out += u" 23:59:59'"; // the last day counts to its end
     }
     out += u' ';

@@ -1,6 +1,6 @@
 #include "conditions/GridRows.h"
 
-#include "automation/Coercion.h"
+#include "automation/NumberText.h"
 
 #include <algorithm>
 
@@ -15,27 +15,63 @@ bool isDigits(std::u16string_view text, std::size_t count) {
     return text.size() == count && std::ranges::all_of(text, [](char16_t c) { return c >= u'0' && c <= u'9'; });
 }
 
-/// The value of a line's value cell as the translation takes it.
-std::u16string cellValue(const Spread& grid, int line) {
+void appendDateValue(std::u16string& out, std::u16string_view dateCell) {
+    if (!isDigits(dateCell, 8)) {
+        out += dateCell;
+        return;
+    }
+    out += dateCell.substr(4, 4);
+    out += u'-';
+    out += dateCell.substr(0, 2);
+    out += u'-';
+    out += dateCell.substr(2, 2);
+}
+
+void appendDateTimeValue(std::u16string& out, std::u16string_view dateCell, std::u16string_view timeCell) {
+    if (dateCell.empty())
+        return;
+    appendDateValue(out, dateCell);
+    if (timeCell.empty())
+        timeCell = u"000000";
+    out += u' ';
+    if (!isDigits(timeCell, 6)) {
+        out += timeCell;
+        return;
+    }
+    out += timeCell.substr(0, 2);
+    out += u':';
+    out += timeCell.substr(2, 2);
+    out += u':';
+    out += timeCell.substr(4, 2);
+}
+
+/// Reads a line's value cell as the translation takes it into a text that is used again and again.
+void readCellValue(const Spread& grid, int line, std::u16string& value) {
+    value.clear();
     const std::u16string& text = grid.text(gridColumn::value, line);
     switch (grid.cellType(gridColumn::value, line)) {
     case CellType::wholeNumber:
     case CellType::decimal:
         // An untouched cell holds no number: it must be refused, not compared with 0.
-        return text.empty() ? text : automation::numberToText(grid.number(gridColumn::value, line));
+        if (!text.empty())
+            automation::appendNumber(value, grid.number(gridColumn::value, line));
+        break;
     case CellType::date:
         if (grid.cellType(gridColumn::valueTime, line) == CellType::time)
-            return dateTimeValue(text, grid.text(gridColumn::valueTime, line));
-        return dateValue(text);
+            appendDateTimeValue(value, text, grid.text(gridColumn::valueTime, line));
+        else
+            appendDateValue(value, text);
+        break;
     default:
-        return text;
+        value = text;
+        break;
     }
 }
 
 void readRow(const Spread& grid, int line, ConditionRow& row) {
     row.FLeft = grid.text(gridColumn::left, line);
     row.FRight = grid.text(gridColumn::right, line);
-    row.FValue = cellValue(grid, line);
+    readCellValue(grid, line, row.FValue);
     row.FValueIndex.reset();
     if (grid.cellType(gridColumn::value, line) == CellType::comboBox)
         row.FValueIndex = grid.comboSelection(gridColumn::value, line);
@@ -65,34 +101,14 @@ void readRows(const Spread& vsFilter, std::vector<ConditionRow>& rows) {
 }
 
 std::u16string dateValue(std::u16string_view dateCell) {
-    if (!isDigits(dateCell, 8))
-        return std::u16string(dateCell);
     std::u16string text;
-    text.reserve(10);
-    text += dateCell.substr(4, 4);
-    text += u'-';
-    text += dateCell.substr(0, 2);
-    text += u'-';
-    text += dateCell.substr(2, 2);
+    appendDateValue(text, dateCell);
     return text;
 }
 
 std::u16string dateTimeValue(std::u16string_view dateCell, std::u16string_view timeCell) {
-    std::u16string text = dateValue(dateCell);
-    if (text.empty())
-        return text;
-    if (timeCell.empty())
-        timeCell = u"000000";
-    text += u' ';
-    if (!isDigits(timeCell, 6)) {
-        text += timeCell;
-        return text;
-    }
-    text += timeCell.substr(0, 2);
-    text += u':';
-    text += timeCell.substr(2, 2);
-    text += u':';
-    text += timeCell.substr(4, 2);
+    std::u16string text;
+    appendDateTimeValue(text, dateCell, timeCell);
     return text;
 }
 

@@ -23,7 +23,7 @@ constexpr Operator operators[] = {
 ValueForm valueForm(std::u16string_view operatorText) noexcept {
     const std::u16string_view text = support::Trim(operatorText);
     for (const Operator& known : operators)
-        if (support::equalIgnoringCase(text, known.text))
+        if (text.size() == known.text.size() && support::equalIgnoringCase(text, known.text))
             return known.form;
     return ValueForm::none;
 }

@@ -51,15 +51,11 @@ bool SelectItem::mustGet() {
     return *mustGet_;
 }
 
-void SelectItem::setHaveSel(bool value) {
-    haveSel_ = value;
-    item_.set(u"HaveSel", value);
-}
-
 std::int32_t FieldCatalogue::count() {
     if (!count_) {
         count_ = selectList_ ? selectList_.count() : 0;
         items_.resize(static_cast<std::size_t>(std::max<std::int32_t>(*count_, 0)));
+        fieldsByPosition_.resize(items_.size());
     }
     return *count_;
 }
@@ -76,7 +72,11 @@ SelectItem& FieldCatalogue::item(std::int32_t position) {
 }
 
 FieldRef FieldCatalogue::field(std::int32_t position) {
-    return fieldByKey(item(position).Fkey());
+    const std::u16string& key = item(position).Fkey();
+    FieldRef& known = fieldsByPosition_[static_cast<std::size_t>(position - 1)];
+    if (!known)
+        known = fieldByKey(key);
+    return known;
 }
 
 FieldRef FieldCatalogue::fieldByKey(const std::u16string& key) {

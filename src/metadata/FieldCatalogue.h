@@ -24,9 +24,10 @@ class SelectItem {
     const automation::Value& decimalMark();
     bool isDecimal();
     bool mustGet();
-    /// Writes the mark "HaveSel" and remembers it.
-    void setHaveSel(bool value);
+    /// The mark "HaveSel" as the present build has it. The host sees it when it is written.
+    void setHaveSel(bool value) noexcept { haveSel_ = value; }
     bool haveSel() const noexcept { return haveSel_; }
+    void writeHaveSel() const { item_.set(u"HaveSel", haveSel_); }
 
   private:
     automation::Dictionary item_;
@@ -60,6 +61,7 @@ class FieldCatalogue {
     automation::Dictionary tableInfo_;
     std::optional<std::int32_t> count_;
     std::vector<std::shared_ptr<SelectItem>> items_;
+    std::vector<FieldRef> fieldsByPosition_; ///< as far as they have been asked for
     std::unordered_map<std::u16string, FieldRef> fields_;
 };
 

@@ -16,33 +16,40 @@ bool isBlank(const Value& value) {
 }
 } // namespace
 
-const Value& FieldRecord::value(std::u16string_view key) const {
-    const auto found = std::ranges::find_if(known_, [key](const auto& entry) { return entry.first == key; });
-    if (found != known_.end())
-        return found->second;
-    Value answer = record_.getValue(key, Value());
-    return known_.emplace_front(std::u16string(key), std::move(answer)).second;
+FieldRecord::Entry* FieldRecord::find(FieldKey key) const {
+    const auto found = std::ranges::find(known_, key, &Entry::key);
+    return found == known_.end() ? nullptr : &*found;
 }
 
-std::u16string FieldRecord::text(std::u16string_view key) const {
+const Value& FieldRecord::value(FieldKey key) const {
+    if (const Entry* known = find(key))
+        return known->value;
+    known_.push_back({key, record_.getValue(key, Value())});
+    return known_.back().value;
+}
+
+std::u16string FieldRecord::text(FieldKey key) const {
     const Value& entry = value(key);
     return isBlank(entry) ? std::u16string() : automation::toText(entry);
 }
 
-std::int32_t FieldRecord::number(std::u16string_view key) const {
+std::int32_t FieldRecord::number(FieldKey key) const {
     const Value& entry = value(key);
     return isBlank(entry) ? 0 : automation::toInt32(entry);
 }
 
-bool FieldRecord::flag(std::u16string_view key) const {
+bool FieldRecord::flag(FieldKey key) const {
     const Value& entry = value(key);
     return !isBlank(entry) && automation::toBoolean(entry);
 }
 
-void FieldRecord::provide(std::u16string_view key, const Value& entry) const {
+void FieldRecord::provide(FieldKey key, const Value& entry) const {
     record_.set(key, entry);
-    known_.remove_if([key](const auto& known) { return known.first == key; });
-    known_.emplace_front(std::u16string(key), entry);
+    // Asked for again: the host may have been re-entered while it took the entry.
+    if (Entry* known = find(key))
+        known->value = entry;
+    else
+        known_.push_back({key, entry});
 }
 
 } // namespace orv::metadata

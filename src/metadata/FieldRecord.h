@@ -3,13 +3,25 @@
 #include "automation/Views.h"
 
 #include <cstdint>
-#include <forward_list>
+#include <deque>
 #include <memory>
 #include <string>
 #include <string_view>
-#include <utility>
 
 namespace orv::metadata {
+
+/// A key of the field record: always a literal, so that it is kept without a copy.
+class FieldKey {
+  public:
+    consteval FieldKey(const char16_t* literal) : name_(literal) {}
+    constexpr operator std::u16string_view() const noexcept { return name_; }
+    friend constexpr bool operator==(FieldKey a, FieldKey b) noexcept {
+        return a.name_.data() == b.name_.data() || a.name_ == b.name_;
+    }
+
+  private:
+    std::u16string_view name_;
+};
 
 /// One field record of the catalogue. The record is the host's dictionary; each key is asked of it at most once and
 /// then remembered, until the data service changes and with it the whole catalogue.
@@ -21,48 +33,54 @@ class FieldRecord {
     const automation::Dictionary& record() const noexcept { return record_; }
 
     /// The entry of `key`, Empty when the record has none.
-    const automation::Value& value(std::u16string_view key) const;
+    const automation::Value& value(FieldKey key) const;
     /// The entry as text; absent and Null read as "".
-    std::u16string text(std::u16string_view key) const;
+    std::u16string text(FieldKey key) const;
     /// The entry as a 32-bit integer; absent, Null and "" read as 0. Error 13 for a text that is no number.
-    std::int32_t number(std::u16string_view key) const;
+    std::int32_t number(FieldKey key) const;
     /// The entry as a Boolean; absent, Null and "" read as False.
-    bool flag(std::u16string_view key) const;
+    bool flag(FieldKey key) const;
 
     /// Writes an entry into the host's record and remembers it.
-    void provide(std::u16string_view key, const automation::Value& entry) const;
+    void provide(FieldKey key, const automation::Value& entry) const;
 
   private:
+    struct Entry {
+        FieldKey key;
+        automation::Value value;
+    };
+    Entry* find(FieldKey key) const;
+
     automation::Dictionary record_;
-    // A list: references to entries stay good while further keys are read.
-    mutable std::forward_list<std::pair<std::u16string, automation::Value>> known_;
+    // References to entries stay good while further keys are read.
+    mutable std::deque<Entry> known_;
 };
 
 using FieldRef = std::shared_ptr<const FieldRecord>;
 
 /// Keys of the field record, spelled as the host spells them.
 namespace fieldKey {
-inline constexpr std::u16string_view key = u"FKey";
-inline constexpr std::u16string_view caption = u"FCaption";
-inline constexpr std::u16string_view colType = u"FColType";
-inline constexpr std::u16string_view fieldName = u"FFieldName";
-inline constexpr std::u16string_view fieldNameExt = u"FFieldNameExt";
-inline constexpr std::u16string_view needAs = u"FNeedAs";
-inline constexpr std::u16string_view page = u"FPage";
-inline constexpr std::u16string_view visible = u"FVisible";
-inline constexpr std::u16string_view parentKey = u"FParentKey";
-inline constexpr std::u16string_view keyWord = u"FKeyWord";
-inline constexpr std::u16string_view property = u"FProperty";
-inline constexpr std::u16string_view sum = u"FSum";
-inline constexpr std::u16string_view lookUpList = u"FLookUpList";
-inline constexpr std::u16string_view valueList = u"VALUELIST";
-inline constexpr std::u16string_view condition = u"FCondition";
-inline constexpr std::u16string_view ctlType = u"FCtlType";
-inline constexpr std::u16string_view editLen = u"FEditLen";
-inline constexpr std::u16string_view scale = u"FSCale";
-inline constexpr std::u16string_view sourceType = u"FSourceType";
-inline constexpr std::u16string_view accessMask = u"FAccessMask";
-inline constexpr std::u16string_view filterPanel = u"FFilterPanel";
+inline constexpr FieldKey key = u"FKey";
+inline constexpr FieldKey caption = u"FCaption";
+inline constexpr FieldKey colType = u"FColType";
+inline constexpr FieldKey fieldName = u"FFieldName";
+inline constexpr FieldKey fieldNameExt = u"FFieldNameExt";
+inline constexpr FieldKey needAs = u"FNeedAs";
+inline constexpr FieldKey page = u"FPage";
+inline constexpr FieldKey visible = u"FVisible";
+inline constexpr FieldKey parentKey = u"FParentKey";
+inline constexpr FieldKey keyWord = u"FKeyWord";
+inline constexpr FieldKey property = u"FProperty";
+inline constexpr FieldKey sum = u"FSum";
+inline constexpr FieldKey lookUpList = u"FLookUpList";
+inline constexpr FieldKey valueList = u"VALUELIST";
+inline constexpr FieldKey condition = u"FCondition";
+inline constexpr FieldKey ctlType = u"FCtlType";
+inline constexpr FieldKey editLen = u"FEditLen";
+inline constexpr FieldKey scale = u"FSCale";
+inline constexpr FieldKey sourceType = u"FSourceType";
+inline constexpr FieldKey accessMask = u"FAccessMask";
+inline constexpr FieldKey filterPanel = u"FFilterPanel";
 } // namespace fieldKey
 
 /// Column type codes that have a meaning of their own beyond the numeric sets.

@@ -1,5 +1,6 @@
 #include "metadata/HeaderBuild.h"
 
+#include "automation/AutomationError.h"
 #include "metadata/HeaderCaption.h"
 #include "metadata/ValueListField.h"
 #include "support/Letters.h"
@@ -36,8 +37,18 @@ class HeaderBuilder {
     void run() {
         if (input_.columns.empty())
             return;
-        addMustGetColumns();
-        addShownColumns();
+        try {
+            addMustGetColumns();
+            addShownColumns();
+        } catch (...) {
+            try {
+                writeMarks();
+            } catch (const automation::AutomationError&) {
+                // The build's own failure is what the host must learn.
+            }
+            throw;
+        }
+        writeMarks();
     }
 
   private:
@@ -52,14 +63,30 @@ class HeaderBuilder {
                 column.set(u"Decimal", item.decimalMark());
             }
             item.setHaveSel(false);
+            reset_ = position;
         }
     }
 
+    /// Writes the mark of every item that this build has reset, once, with what it has become.
+    void writeMarks() {
+        while (marked_ < reset_)
+            input_.catalogue.item(++marked_).writeHaveSel();
+    }
+
     void addShownColumns() {
-        std::unordered_map<std::u16string, std::vector<std::int32_t>> positionsByKey;
+        // The positions of each key: the first one, and from each position the next one; 0 ends them.
+        struct Positions {
+            std::int32_t first = 0;
+            std::int32_t last = 0;
+        };
+        std::unordered_map<std::u16string, Positions> positionsByKey;
+        std::vector<std::int32_t> next(1, 0);
         for (std::int32_t position = 1; position <= input_.catalogue.count(); ++position) {
             const FieldRef field = input_.catalogue.field(position);
-            positionsByKey[support::toUpper(field->text(fieldKey::key))].push_back(position);
+            Positions& positions = positionsByKey[support::toUpper(field->text(fieldKey::key))];
+            next.push_back(0);
+            (positions.first == 0 ? positions.first : next[static_cast<std::size_t>(positions.last)]) = position;
+            positions.last = position;
         }
         for (const ColumnSetting& column : input_.columns) {
             if (!column.shown)
@@ -67,7 +94,8 @@ class HeaderBuilder {
             const auto found = positionsByKey.find(support::toUpper(column.key));
             if (found == positionsByKey.end())
                 continue;
-            for (const std::int32_t position : found->second) {
+            for (std::int32_t position = found->second.first; position != 0;
+                 position = next[static_cast<std::size_t>(position)]) {
                 SelectItem& item = input_.catalogue.item(position);
                 const FieldRef field = input_.catalogue.field(position);
                 if (!field->text(fieldKey::parentKey).empty() || !item.visible() || item.haveSel())
@@ -98,9 +126,9 @@ class HeaderBuilder {
         column.set(u"FNeedAs", field.value(fieldKey::needAs));
         if (const auto name = xorColumn(input_.classTypeId); !name.empty())
             column.set(u"FXOR", name);
-        if (const std::u16string stem = field.text(fieldKey::property);
-            field.text(fieldKey::keyWord) == u"AMOUNT" && !stem.empty())
-            column.set(u"DecimalKey", stem + u"_Decimal");
+        if (field.text(fieldKey::keyWord) == u"AMOUNT")
+            if (const std::u16string stem = field.text(fieldKey::property); !stem.empty())
+                column.set(u"DecimalKey", stem + u"_Decimal");
         const Value& sum = field.value(fieldKey::sum);
         column.set(u"FNeedCount", sum.isEmpty() ? Value(std::int32_t{0}) : sum);
         if (const auto list = LookUpDescription::parse(field.text(fieldKey::lookUpList)); list.isValueList()) {
@@ -118,6 +146,8 @@ class HeaderBuilder {
     const Collection& header_;
     HeaderCaptions captions_;
     std::vector<Dictionary> records_;
+    std::int32_t reset_ = 0;  ///< items up to this one have had their mark reset by this build
+    std::int32_t marked_ = 0; ///< items up to this one have had it written
 };
 
 } // namespace

@@ -33,9 +33,10 @@ std::u16string widthText(double millimetres) {
 class AccessTable {
   public:
     explicit AccessTable(const automation::Dictionary& table) : table_(table) {}
-    bool hides(const std::u16string& mask) {
+    bool hides(const metadata::FieldRecord& field) {
         if (!table_)
             return false;
+        const std::u16string mask = field.text(fieldKey::accessMask);
         const auto [entry, isNew] = known_.try_emplace(mask, false);
         if (isNew && table_.exists(mask))
             entry->second = automation::toInt32(table_.get(mask)) == 0;
@@ -90,8 +91,7 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
     int row = 0;
     for (std::int32_t position = 1; position <= catalogue.count(); ++position) {
         const FieldRef field = catalogue.field(position);
-        if (access.hides(field->text(fieldKey::accessMask)) || isInvisible(*field) ||
-            !pages.contains(field->text(fieldKey::page)))
+        if (access.hides(*field) || isInvisible(*field) || !pages.contains(field->text(fieldKey::page)))
             continue;
         ++row;
         const std::u16string caption = field->text(fieldKey::caption);

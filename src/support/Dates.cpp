@@ -103,6 +103,19 @@ void appendDate(std::u16string& out, double days, std::u16string_view pattern) {
     appendMoment(out, automation::momentOf(days), pattern);
 }
 
+void appendIsoDate(std::u16string& out, double days) {
+    const CivilDate date = automation::momentOf(days).date;
+    char16_t text[] = u"0000-00-00";
+    const auto write = [&text](std::size_t last, int number) {
+        for (; number != 0; number /= 10)
+            text[last--] = static_cast<char16_t>(u'0' + number % 10);
+    };
+    write(3, date.year);
+    write(6, date.month);
+    write(9, date.day);
+    out += text;
+}
+
 std::u16string FormatDate(double days, std::u16string_view pattern) {
     std::u16string out;
     out.reserve(pattern.size());

@@ -14,6 +14,8 @@ namespace orv::support {
 /// no leading zero; "mm" right behind the hour means minutes; every other character stands for itself ("/" and ":"
 /// too, whatever the locale). Seconds are rounded. Error 6 outside of the calendar.
 void appendDate(std::u16string& out, double days, std::u16string_view pattern);
+/// Appends the date as "yyyy-mm-dd", the form that most SQL takes. Error 6 outside of the calendar.
+void appendIsoDate(std::u16string& out, double days);
 std::u16string FormatDate(double days, std::u16string_view pattern);
 
 /// The same of a text: a date by the locale's rules, or a number of days, is written as `pattern` asks; any other

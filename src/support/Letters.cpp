@@ -51,10 +51,11 @@ std::u16string replaceFound(std::u16string_view text, std::u16string_view what, 
 } // namespace
 
 std::u16string_view Trim(std::u16string_view text) noexcept {
-    const std::size_t first = text.find_first_not_of(u' ');
-    if (first == std::u16string_view::npos)
-        return {};
-    return text.substr(first, text.find_last_not_of(u' ') - first + 1);
+    while (!text.empty() && text.front() == u' ')
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == u' ')
+        text.remove_suffix(1);
+    return text;
 }
 
 char16_t toUpper(char16_t unit) noexcept {
@@ -77,7 +78,7 @@ std::u16string toUpper(std::u16string_view text) {
 }
 
 bool equalIgnoringCase(std::u16string_view a, std::u16string_view b) noexcept {
-    return std::ranges::equal(a, b, [](char16_t x, char16_t y) { return toUpper(x) == toUpper(y); });
+    return std::ranges::equal(a, b, [](char16_t x, char16_t y) { return x == y || toUpper(x) == toUpper(y); });
 }
 
 std::size_t findIgnoringCase(std::u16string_view text, std::u16string_view what, std::size_t from) noexcept {

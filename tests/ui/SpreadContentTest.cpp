@@ -101,6 +101,23 @@ TEST(SpreadContent, ComboListsAreSplitAtTabs) {
     }
 }
 
+TEST(SpreadContent, AColumnTakesOneListInAllItsRows) {
+    Grid grid(2, 3);
+    for (int row = 1; row <= 3; ++row)
+        grid.setFormat(2, row, combo);
+    grid.setText(2, 2, u"b");
+    grid.setText(2, 3, u"gone");
+    grid.setColumnComboList(2, u"\ta\tb");
+    for (int row = 1; row <= 3; ++row)
+        EXPECT_EQ(grid.comboItems(2, row), (std::vector<std::u16string>{u"", u"a", u"b"})) << row;
+    EXPECT_EQ(grid.comboSelection(2, 1), 0);
+    EXPECT_EQ(grid.comboSelection(2, 2), 2);
+    EXPECT_EQ(shown(grid.text(2, 3)), "") << "the list does not have the text";
+    grid.setFormat(2, 3, {});
+    EXPECT_EQ(errorOf([&] { grid.setColumnComboList(2, u"x"); }), 5) << "the last row is no combo cell";
+    EXPECT_EQ(errorOf([&] { grid.setColumnComboList(3, u"x"); }), 5) << "no such column";
+}
+
 TEST(SpreadContent, AComboTextAndItsSelectionGoTogether) {
     Grid grid(1, 1);
     grid.setFormat(1, 1, combo);

@@ -1,9 +1,11 @@
 #include "automation/portable/DateReader.h"
 
+#include "automation/Ascii.h"
 #include "automation/Calendar.h"
 #include "automation/portable/DateFields.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <span>
 #include <vector>
 
@@ -106,7 +108,7 @@ std::optional<CivilDate> readTwo(int a, int b, int currentYear) {
 }
 
 /// Numbers with 年, 月 and 日 behind them: each may stand once, a month must.
-std::optional<CivilDate> readMarked(Fields fields, int currentYear) {
+std::optional<CivilDate> readMarked(Fields fields, int (*currentYear)()) {
     std::optional<int> year;
     std::optional<int> month;
     std::optional<int> day;
@@ -118,10 +120,10 @@ std::optional<CivilDate> readMarked(Fields fields, int currentYear) {
     }
     if (!month || (!year && !day))
         return std::nullopt;
-    return dateFrom(year.value_or(currentYear), *month, day.value_or(1));
+    return dateFrom(year ? *year : currentYear(), *month, day.value_or(1));
 }
 
-std::optional<CivilDate> readDay(Fields fields, int currentYear) {
+std::optional<CivilDate> readDay(Fields fields, int (*currentYear)()) {
     for (const DateField& field : fields)
         if (field.isDateMark())
             return readMarked(fields, currentYear);
@@ -129,7 +131,7 @@ std::optional<CivilDate> readDay(Fields fields, int currentYear) {
     case 0:
         return CivilDate{};
     case 2:
-        return readTwo(fields[0].value, fields[1].value, currentYear);
+        return readTwo(fields[0].value, fields[1].value, currentYear());
     case 3:
         return readThree(fields[0].value, fields[1].value, fields[2].value);
     default:
@@ -137,9 +139,47 @@ std::optional<CivilDate> readDay(Fields fields, int currentYear) {
     }
 }
 
+/// A number of one or two digits off the front of a text; 0 without one.
+int takeShortNumber(std::u16string_view& text) noexcept {
+    int number = 0;
+    for (int i = 0; i < 2 && !text.empty() && isAsciiDigit(text.front()); ++i, text.remove_prefix(1))
+        number = number * 10 + (text.front() - u'0');
+    return number;
+}
+
+bool takeDateSign(std::u16string_view& text) noexcept {
+    if (text.empty() || (text.front() != u'-' && text.front() != u'/'))
+        return false;
+    text.remove_prefix(1);
+    return true;
+}
+
+/// Nearly every date comes as a year of four digits, month and day: read without being taken apart first. Nothing for
+/// any other text, and for a day that the calendar does not have in this order.
+std::optional<double> readPlainDay(std::u16string_view text) {
+    constexpr std::size_t yearDigits = 4;
+    int year = 0;
+    for (std::size_t i = 0; i < yearDigits; ++i) {
+        if (i == text.size() || !isAsciiDigit(text[i]))
+            return std::nullopt;
+        year = year * 10 + (text[i] - u'0');
+    }
+    text.remove_prefix(yearDigits);
+    if (!takeDateSign(text))
+        return std::nullopt;
+    const int month = takeShortNumber(text);
+    if (!takeDateSign(text))
+        return std::nullopt;
+    const int day = takeShortNumber(text);
+    const std::optional<std::int32_t> number = text.empty() ? dayNumber({year, month, day}) : std::nullopt;
+    return number ? std::optional<double>(*number) : std::nullopt;
+}
+
 } // namespace
 
-std::optional<double> readDate(std::u16string_view text, int currentYear) {
+std::optional<double> readDate(std::u16string_view text, int (*currentYear)()) {
+    if (const std::optional<double> plain = readPlainDay(text))
+        return plain;
     const std::optional<std::vector<DateField>> fields = splitDateFields(text);
     if (!fields)
         return std::nullopt;

@@ -26,7 +26,7 @@ void appendTwoDigits(std::u16string& out, int number) {
 class ChineseRules final : public LocaleRules {
   public:
     std::optional<double> parseNumber(std::u16string_view text) const override { return readNumber(text); }
-    std::optional<double> parseDate(std::u16string_view text) const override { return readDate(text, currentYear()); }
+    std::optional<double> parseDate(std::u16string_view text) const override { return readDate(text, currentYear); }
 
     std::u16string dateText(double days) const override {
         const Moment moment = momentOf(days);

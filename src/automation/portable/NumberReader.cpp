@@ -144,6 +144,8 @@ class NumberReader {
 } // namespace
 
 std::optional<double> readNumber(std::u16string_view text) {
+    if (const std::optional<double> plain = readPlainNumber(text))
+        return plain;
     const std::u16string folded = foldWidth(text);
     return NumberReader(folded).read();
 }
