@@ -194,13 +194,18 @@ class ClassInfo final : public automation::Object {
 /// The one record that the date query gives.
 class TodayRecordset final : public automation::Object {
   public:
+    explicit TodayRecordset(Counted counted) : counted_(std::move(counted)) {}
+
     Value invoke(std::u16string_view member, InvokeKind, Arguments) override {
         if (automation::sameMember(member, u"EOF"))
             return false;
         if (automation::sameMember(member, u"Value"))
             return automation::Date{largeHostToday};
-        return shared_from_this(); // Fields(0)
+        return counted_(shared_from_this()); // Fields(0)
     }
+
+  private:
+    Counted counted_;
 };
 
 /// Data access and user properties: one object answers for both.
@@ -210,7 +215,7 @@ class CommonServices final : public automation::Object {
 
     Value invoke(std::u16string_view member, InvokeKind, Arguments) override {
         if (automation::sameMember(member, u"getanyrecordset"))
-            return counted_(std::make_shared<TodayRecordset>());
+            return counted_(std::make_shared<TodayRecordset>(counted_));
         if (automation::sameMember(member, u"GetProperty"))
             return u"UserID=1;UserName=bench;";
         throw AutomationError::runtime(automation::errorNumber::memberNotFound);
