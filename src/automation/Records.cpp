@@ -4,6 +4,7 @@
 #include "automation/Coercion.h"
 #include "automation/MemberNames.h"
 
+#include <algorithm>
 #include <cstddef>
 #include <string>
 #include <unordered_map>
@@ -132,6 +133,9 @@ class DictionaryObject final : public Object {
     }
 
     void append(std::u16string key, Value value) {
+        // Most records have some sixteen entries: room for four, then for all of them.
+        if (entries_.size() == entries_.capacity())
+            entries_.reserve(std::max<std::size_t>(4, 4 * entries_.capacity()));
         entries_.emplace_back(std::move(key), std::move(value));
         if (entries_.size() <= mostUnindexed)
             return;

@@ -2,6 +2,8 @@
 
 #include "support/Pieces.h"
 
+#include <utility>
+
 namespace orv::conditions {
 
 namespace {
@@ -27,8 +29,13 @@ std::vector<ConditionRecord> parseConditionText(std::u16string_view text) {
     support::PieceReader reader(text, recordEnd);
     std::u16string_view piece;
     while (reader.next(piece)) {
-        const auto item = [piece](std::ptrdiff_t n) { return std::u16string(support::GetPiece(piece, n, itemEnd)); };
-        records.push_back({item(1), item(2), item(3), item(4), item(5), item(6)});
+        ConditionRecord record;
+        support::PieceReader items(piece, itemEnd);
+        for (std::u16string* item :
+             {&record.left, &record.fieldName, &record.comparison, &record.value, &record.right, &record.logic})
+            if (std::u16string_view content; items.next(content))
+                *item = content;
+        records.push_back(std::move(record));
     }
     // A terminator closes the last record: what follows it is none.
     if (!records.empty() && piece.empty())

@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "automation/Calendar.h"
+#include "automation/NumberLiteral.h"
 
 #include <limits>
 #include <memory>
@@ -37,6 +38,10 @@ class PlatformRules final : public LocaleRules {
     explicit PlatformRules(LCID locale) : locale_(locale) {}
 
     std::optional<double> parseNumber(std::u16string_view text) const override {
+        // Digits alone mean the same in every locale; flags and positions are nothing else.
+        if (text.find_first_not_of(u"0123456789") == std::u16string_view::npos)
+            if (const std::optional<double> plain = readPlainNumber(text))
+                return plain;
         std::optional<std::wstring> source = conversionText(text);
         double number = 0;
         switch (source ? VarR8FromStr(source->data(), locale_, 0, &number) : DISP_E_TYPEMISMATCH) {
