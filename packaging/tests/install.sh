@@ -47,6 +47,14 @@ use_installed() {
 # The script host registers something of its own when it runs for the first time.
 echo >"$work/empty.vbs"
 cscript "$work/empty.vbs"
+# Left over from a broken run, a package or a registration would change what the tests see.
+for key in "HKLM\\Software\\Microsoft" "HKLM\\Software\\Wow6432Node\\Microsoft"; do
+    "${wine[@]}" reg query "$key\\Windows\\CurrentVersion\\Uninstall" /s 2>/dev/null | tr -d '\r' |
+        awk '/^HKEY/ { key = $0 } /DisplayName.*ORVFilter/ { sub(/.*\\/, "", key); print key }'
+done >"$work/products"
+while read -r product; do
+    msiexec /x "$product" </dev/null
+done <"$work/products"
 for file in OrvSampleHost.dll ORVFilter.ocx; do
     regsvr32 /u "Z:$root/$build/bin/$file"
 done
