@@ -6,6 +6,7 @@
 #include <array>
 #include <memory>
 #include <string_view>
+#include <tuple>
 #include <type_traits>
 #include <utility>
 
@@ -20,15 +21,20 @@ Value traceValue(const T& value) {
         return Value(value);
 }
 
-/// Runs a public member of the control: `body` does the work, `arguments` are the member's own. The calls of the host
-/// that it makes go to `trace`, and so does the member itself. Without a trace the body is all that runs.
-template <class Body, class... Args>
+/// Runs a public member of the control: `body` does the work, `arguments` (made by std::tie) are the member's own. The
+/// calls of the host that it makes go to `trace`, and so does the member itself. Without a trace the body is all that
+/// runs.
+template <class... Args, class Body>
 std::invoke_result_t<Body&> tracedMember(const std::shared_ptr<Trace>& trace, std::u16string_view member,
-                                         InvokeKind kind, Body body, const Args&... arguments) {
+                                         InvokeKind kind, const std::tuple<Args&...>& arguments, Body body) {
     const TraceScope scope(trace);
     if (!trace)
         return body();
-    const auto listed = [&] { return std::array<Argument, sizeof...(Args)>{Argument(traceValue(arguments))...}; };
+    const auto listed = [&] {
+        return std::apply(
+            [](const auto&... each) { return std::array<Argument, sizeof...(Args)>{Argument(traceValue(each))...}; },
+            arguments);
+    };
     const auto running = trace; // the member may end the trace
     TraceEntry entry(*running, kind, nullptr, member, listed());
     try {

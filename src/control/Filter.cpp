@@ -15,6 +15,8 @@
 #include "editor/DateServices.h"
 #include "metadata/HeaderBuild.h"
 
+#include <tuple>
+
 namespace orv::control {
 
 using automation::AutomationError;
@@ -24,8 +26,29 @@ using automation::Dictionary;
 using automation::InvokeKind;
 using automation::ObjectRef;
 using automation::Recordset;
-using automation::tracedMember;
 using automation::Value;
+
+namespace {
+
+// The three kinds of members, with their entries in the trace.
+
+template <class Body>
+auto readMember(const FilterState& state, std::u16string_view name, Body body) {
+    return automation::tracedMember(state.trace, name, InvokeKind::get, std::tie(), body);
+}
+
+template <class NewValue, class Body>
+void writeMember(const FilterState& state, std::u16string_view name, const NewValue& value, Body body) {
+    automation::tracedMember(state.trace, name, InvokeKind::let, std::tie(value), body);
+}
+
+/// `arguments` come from std::tie.
+template <class Arguments, class Body>
+auto runMember(const FilterState& state, std::u16string_view name, const Arguments& arguments, Body body) {
+    return automation::tracedMember(state.trace, name, InvokeKind::method, arguments, body);
+}
+
+} // namespace
 
 Filter::Filter(automation::ObjectFactory& factory, ui::Prompts& prompts)
     : state_(std::make_unique<FilterState>(*this, factory, prompts)) {
@@ -48,16 +71,15 @@ void Filter::setSelfObject(std::function<automation::ObjectRef()> self) {
 }
 
 bool Filter::get_m_JCType() const {
-    return tracedMember(state_->trace, u"m_JCType", InvokeKind::get, [&]() -> bool { return state_->m_JCType; });
+    return readMember(*state_, u"m_JCType", [&] { return state_->m_JCType; });
 }
 
 void Filter::put_m_JCType(bool value) {
-    tracedMember(
-        state_->trace, u"m_JCType", InvokeKind::let, [&] { state_->m_JCType = value; }, value);
+    writeMember(*state_, u"m_JCType", value, [&] { state_->m_JCType = value; });
 }
 
 Dictionary Filter::get_UseKey() {
-    return tracedMember(state_->trace, u"UseKey", InvokeKind::get, [&]() -> Dictionary {
+    return readMember(*state_, u"UseKey", [&] {
         state_->provideKeyMaps();
         Dictionary maps = automation::newRecord(state_->factory);
         maps.set(u"ALL", state_->allKeys.object());
@@ -67,13 +89,11 @@ Dictionary Filter::get_UseKey() {
 }
 
 void Filter::put_ConditionExtHide(Dictionary value) {
-    tracedMember(
-        state_->trace, u"ConditionExtHide", InvokeKind::let, [&] { state_->hiddenConditions = std::move(value); },
-        value);
+    writeMember(*state_, u"ConditionExtHide", value, [&] { state_->hiddenConditions = std::move(value); });
 }
 
 Collection Filter::get_m_Header() {
-    return tracedMember(state_->trace, u"m_Header", InvokeKind::get, [&]() -> Collection {
+    return readMember(*state_, u"m_Header", [&] {
         // Kept from the start: a build that fails leaves the columns it had added.
         const Collection header = automation::newCollection(state_->factory);
         state_->header = header;
@@ -88,131 +108,107 @@ Collection Filter::get_m_Header() {
 }
 
 Value Filter::SetBackGroundColor(std::int32_t lColor) {
-    return tracedMember(
-        state_->trace, u"SetBackGroundColor", InvokeKind::method,
-        [&]() -> Value {
-            state_->controls->UserControl.setBackColor(static_cast<std::uint32_t>(lColor));
-            return {};
-        },
-        lColor);
+    return runMember(*state_, u"SetBackGroundColor", std::tie(lColor), [&]() -> Value {
+        state_->controls->UserControl.setBackColor(static_cast<std::uint32_t>(lColor));
+        return {};
+    });
 }
 
 void Filter::put_ShowScheme(bool value) {
-    tracedMember(
-        state_->trace, u"ShowScheme", InvokeKind::let, [&] { state_->showScheme = value; }, value);
+    writeMember(*state_, u"ShowScheme", value, [&] { state_->showScheme = value; });
 }
 
 void Filter::put_ShowFilterStyle(std::int32_t value) {
-    tracedMember(
-        state_->trace, u"ShowFilterStyle", InvokeKind::let,
-        [&] {
-            state_->style = value;
-            const auto removeTab = [this](std::u16string_view key) {
-                ui::TabStrip& tabs = state_->controls->tbFilter;
-                for (const auto& tab : tabs.tabs()) {
-                    if (tab.key == key) {
-                        tabs.removeTab(key);
-                        return;
-                    }
+    writeMember(*state_, u"ShowFilterStyle", value, [&] {
+        state_->style = value;
+        const auto removeTab = [this](std::u16string_view key) {
+            ui::TabStrip& tabs = state_->controls->tbFilter;
+            for (const auto& tab : tabs.tabs()) {
+                if (tab.key == key) {
+                    tabs.removeTab(key);
+                    return;
                 }
-            };
-            const auto style = static_cast<Enu_ShowFilter_Style>(value);
-            if (style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_Filter)
-                removeTab(u"Sort");
-            if (style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_Filter ||
-                style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_FilterANDSort)
-                removeTab(u"HideSet");
-            layOutControls(*state_);
-        },
-        value);
+            }
+        };
+        const auto style = static_cast<Enu_ShowFilter_Style>(value);
+        if (style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_Filter)
+            removeTab(u"Sort");
+        if (style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_Filter ||
+            style == Enu_ShowFilter_Style::Enu_ShowFilter_Style_FilterANDSort)
+            removeTab(u"HideSet");
+        layOutControls(*state_);
+    });
 }
 
 void Filter::put_DataSrv(ObjectRef value) {
-    tracedMember(
-        state_->trace, u"DataSrv", InvokeKind::let, [&] { state_->takeDataService(std::move(value)); }, value);
+    writeMember(*state_, u"DataSrv", value, [&] { state_->takeDataService(std::move(value)); });
 }
 
 ObjectRef Filter::get_DataSrv() const {
-    return tracedMember(state_->trace, u"DataSrv", InvokeKind::get, [&]() -> ObjectRef { return state_->dataService; });
+    return readMember(*state_, u"DataSrv", [&] { return state_->dataService; });
 }
 
 void Filter::put_SetSelectPageList(std::u16string value) {
-    tracedMember(
-        state_->trace, u"SetSelectPageList", InvokeKind::let, [&] { state_->selectedPages = std::move(value); }, value);
+    writeMember(*state_, u"SetSelectPageList", value, [&] { state_->selectedPages = std::move(value); });
 }
 
 std::u16string Filter::get_GetSelectPageList() const {
-    return tracedMember(state_->trace, u"GetSelectPageList", InvokeKind::get,
-                        [&]() -> std::u16string { return state_->selectedPages; });
+    return readMember(*state_, u"GetSelectPageList", [&] { return state_->selectedPages; });
 }
 
 bool Filter::Initialize(std::u16string_view sClassTypeList) {
     state_->followTraceSettings();
-    return tracedMember(
-        state_->trace, u"Initialize", InvokeKind::method,
-        [&]() -> bool {
-            try {
-                loadClassTypes(*state_, sClassTypeList);
-                return true;
-            } catch (const AutomationError& error) {
-                state_->log(error.description());
-                return false;
-            }
-        },
-        sClassTypeList);
+    return runMember(*state_, u"Initialize", std::tie(sClassTypeList), [&] {
+        try {
+            loadClassTypes(*state_, sClassTypeList);
+            return true;
+        } catch (const AutomationError& error) {
+            state_->log(error.description());
+            return false;
+        }
+    });
 }
 
 std::u16string Filter::GetTakeBaseDataSQL(Dictionary dct, Recordset rsAll, std::u16string_view sValue,
                                           std::u16string& FDSPName) {
-    return tracedMember(
-        state_->trace, u"GetTakeBaseDataSQL", InvokeKind::method,
-        [&]() -> std::u16string { return editor::GetTakeBaseDataSQL(dct, rsAll, sValue, FDSPName); }, dct, rsAll,
-        sValue, FDSPName);
+    return runMember(*state_, u"GetTakeBaseDataSQL", std::tie(dct, rsAll, sValue, FDSPName),
+                     [&] { return editor::GetTakeBaseDataSQL(dct, rsAll, sValue, FDSPName); });
 }
 
 bool Filter::GetFilterSql(std::u16string& strFilter, bool bRaiseErr) {
-    return tracedMember(
-        state_->trace, u"GetFilterSql", InvokeKind::method,
-        [&]() -> bool {
-            if (state_->trace)
-                state_->trace->text().setTypedValues(state_->typedValues());
-            return filterSql(*state_, strFilter, bRaiseErr);
-        },
-        strFilter, bRaiseErr);
+    return runMember(*state_, u"GetFilterSql", std::tie(strFilter, bRaiseErr), [&] {
+        if (state_->trace)
+            state_->trace->text().setTypedValues(state_->typedValues());
+        return filterSql(*state_, strFilter, bRaiseErr);
+    });
 }
 
 Dictionary Filter::get_dctProFile() {
-    return tracedMember(state_->trace, u"dctProFile", InvokeKind::get,
-                        [&]() -> Dictionary { return state_->schemeManager.headerRecord(); });
+    return readMember(*state_, u"dctProFile", [&] { return state_->schemeManager.headerRecord(); });
 }
 
 Dictionary Filter::get_dctProFileEntry() {
-    return tracedMember(state_->trace, u"dctProFileEntry", InvokeKind::get,
-                        [&]() -> Dictionary { return state_->schemeManager.entryRecord(); });
+    return readMember(*state_, u"dctProFileEntry", [&] { return state_->schemeManager.entryRecord(); });
 }
 
 bool Filter::SaveLastUseScheme() {
-    return tracedMember(state_->trace, u"SaveLastUseScheme", InvokeKind::method,
-                        [&]() -> bool { return state_->schemeManager.saveLastUsed(); });
+    return runMember(*state_, u"SaveLastUseScheme", std::tie(), [&] { return state_->schemeManager.saveLastUsed(); });
 }
 
 bool Filter::RefreshProfile(Dictionary odctProfileEntry) {
-    return tracedMember(
-        state_->trace, u"RefreshProfile", InvokeKind::method,
-        [&]() -> bool {
-            try {
-                state_->schemeManager.applyEntry(odctProfileEntry);
-                return true;
-            } catch (const AutomationError& error) {
-                state_->log(error.description());
-                return false;
-            }
-        },
-        odctProfileEntry);
+    return runMember(*state_, u"RefreshProfile", std::tie(odctProfileEntry), [&] {
+        try {
+            state_->schemeManager.applyEntry(odctProfileEntry);
+            return true;
+        } catch (const AutomationError& error) {
+            state_->log(error.description());
+            return false;
+        }
+    });
 }
 
 Value Filter::SaveScheme() {
-    return tracedMember(state_->trace, u"SaveScheme", InvokeKind::method, [&]() -> Value {
+    return runMember(*state_, u"SaveScheme", std::tie(), [&]() -> Value {
         if (state_->showScheme)
             saveScheme(*state_, schemes::SaveMode::silent, 1);
         return {};
@@ -220,23 +216,20 @@ Value Filter::SaveScheme() {
 }
 
 bool Filter::GetSortString(std::u16string& HeadSort, std::u16string& EntrySort) {
-    return tracedMember(
-        state_->trace, u"GetSortString", InvokeKind::method,
-        [&]() -> bool {
-            state_->provideKeyMaps();
-            const auto catalogue = state_->catalogue();
-            // The maps of this call, whatever the host makes of the control's meanwhile.
-            const Dictionary allKeys = state_->allKeys;
-            const Dictionary idKeys = state_->idKeys;
-            sortcols::appendSortStrings(state_->controls->vsOrder, state_->sortGrid, *catalogue, allKeys, idKeys,
-                                        HeadSort, EntrySort);
-            return true;
-        },
-        HeadSort, EntrySort);
+    return runMember(*state_, u"GetSortString", std::tie(HeadSort, EntrySort), [&] {
+        state_->provideKeyMaps();
+        const auto catalogue = state_->catalogue();
+        // The maps of this call, whatever the host makes of the control's meanwhile.
+        const Dictionary allKeys = state_->allKeys;
+        const Dictionary idKeys = state_->idKeys;
+        sortcols::appendSortStrings(state_->controls->vsOrder, state_->sortGrid, *catalogue, allKeys, idKeys, HeadSort,
+                                    EntrySort);
+        return true;
+    });
 }
 
 bool Filter::InitHideColumns() {
-    return tracedMember(state_->trace, u"InitHideColumns", InvokeKind::method, [&]() -> bool {
+    return runMember(*state_, u"InitHideColumns", std::tie(), [&] {
         if (!state_->selectList)
             return false;
         initHideColumns(*state_);
@@ -245,88 +238,75 @@ bool Filter::InitHideColumns() {
 }
 
 Value Filter::SetPagetoTop(std::int32_t nPage) {
-    return tracedMember(
-        state_->trace, u"SetPagetoTop", InvokeKind::method,
-        [&]() -> Value {
-            if (nPage >= 1 && nPage <= 3)
-                state_->controls->tbFilter.select(nPage);
-            return {};
-        },
-        nPage);
+    return runMember(*state_, u"SetPagetoTop", std::tie(nPage), [&]() -> Value {
+        if (nPage >= 1 && nPage <= 3)
+            state_->controls->tbFilter.select(nPage);
+        return {};
+    });
 }
 
 void Filter::ClearMem() {
-    tracedMember(state_->trace, u"ClearMem", InvokeKind::method, [&] {
+    runMember(*state_, u"ClearMem", std::tie(), [&] {
         state_->releaseObjects();
         state_->followTraceSettings();
     });
 }
 
 Dictionary Filter::GetFieldInfoByKey(std::u16string_view SKey, std::u16string& sPKey, std::int32_t& lIndex) {
-    return tracedMember(
-        state_->trace, u"GetFieldInfoByKey", InvokeKind::method,
-        [&]() -> Dictionary {
-            if (SKey.empty())
-                return {};
-            const Dictionary lookup(automation::toObjectOrNothing(state_->setting(u"Lookup", Value())));
-            const Dictionary tableInfo = state_->tableInfo;
-            if (!lookup || !tableInfo || !lookup.exists(SKey))
-                return {};
-            const std::u16string key = automation::toText(lookup.get(SKey));
-            if (!tableInfo.exists(key))
-                return {};
-            Dictionary record(automation::toObject(tableInfo.get(key)));
-            const Value index = record.getValue(u"CtlIndex", std::int32_t{0});
-            lIndex = index.isNull() ? 0 : automation::toInt32(index);
-            sPKey = key;
-            return record;
-        },
-        SKey, sPKey, lIndex);
+    return runMember(*state_, u"GetFieldInfoByKey", std::tie(SKey, sPKey, lIndex), [&]() -> Dictionary {
+        if (SKey.empty())
+            return {};
+        const Dictionary lookup(automation::toObjectOrNothing(state_->setting(u"Lookup", Value())));
+        const Dictionary tableInfo = state_->tableInfo;
+        if (!lookup || !tableInfo || !lookup.exists(SKey))
+            return {};
+        const std::u16string key = automation::toText(lookup.get(SKey));
+        if (!tableInfo.exists(key))
+            return {};
+        Dictionary record(automation::toObject(tableInfo.get(key)));
+        const Value index = record.getValue(u"CtlIndex", std::int32_t{0});
+        lIndex = index.isNull() ? 0 : automation::toInt32(index);
+        sPKey = key;
+        return record;
+    });
 }
 
 Dictionary Filter::get_dctControl() const {
-    return tracedMember(state_->trace, u"dctControl", InvokeKind::get,
-                        [&]() -> Dictionary { return state_->settings; });
+    return readMember(*state_, u"dctControl", [&] { return state_->settings; });
 }
 
 void Filter::put_dctControl(Dictionary value) {
     state_->settings = value;
     state_->followTraceSettings();
     // A trace that the settings ask for begins with them.
-    tracedMember(
-        state_->trace, u"dctControl", InvokeKind::let, [] {}, value);
+    writeMember(*state_, u"dctControl", value, [] {});
 }
 
 std::u16string Filter::EnableMostPage() {
-    return tracedMember(state_->trace, u"EnableMostPage", InvokeKind::method,
-                        [&]() -> std::u16string { return enabledPages(*state_); });
+    return runMember(*state_, u"EnableMostPage", std::tie(), [&] { return enabledPages(*state_); });
 }
 
 void Filter::ClearFace() {
-    tracedMember(state_->trace, u"ClearFace", InvokeKind::method, [] {});
+    runMember(*state_, u"ClearFace", std::tie(), [] {});
 }
 
 Date Filter::GetToday() {
-    return tracedMember(state_->trace, u"GetToday", InvokeKind::method,
-                        [&]() -> Date { return editor::serverToday(state_->factory); });
+    return runMember(*state_, u"GetToday", std::tie(), [&] { return editor::serverToday(state_->factory); });
 }
 
 bool Filter::GetCurPeriod(std::int32_t& CurYear, std::int32_t& CurPeriod, Date& dStartDate, Date& dEndDate) {
-    return tracedMember(
-        state_->trace, u"GetCurPeriod", InvokeKind::method,
-        [&]() -> bool {
-            editor::AccountingPeriod period{false, CurYear, CurPeriod, dStartDate, dEndDate};
-            const std::u16string props = state_->userProperties.text();
-            editor::askCurrentPeriod(state_->factory, state_->classTypeId(), props, period);
-            CurYear = automation::toInt32(period.year);
-            CurPeriod = automation::toInt32(period.period);
-            dStartDate = automation::toDate(period.start);
-            dEndDate = automation::toDate(period.end);
-            if (!period.known)
-                state_->messages().warn(u"中间层调用失败！");
-            return period.known;
-        },
-        CurYear, CurPeriod, dStartDate, dEndDate);
+    return runMember(*state_, u"GetCurPeriod", std::tie(CurYear, CurPeriod, dStartDate, dEndDate), [&] {
+        editor::AccountingPeriod period{false, CurYear, CurPeriod, dStartDate, dEndDate};
+        const std::u16string props = state_->userProperties.text();
+        editor::askCurrentPeriod(state_->factory, state_->classTypeId(), props, period);
+        CurYear = automation::toInt32(period.year);
+        CurPeriod = automation::toInt32(period.period);
+        dStartDate = automation::toDate(period.start);
+        dEndDate = automation::toDate(period.end);
+        if (!period.known)
+            state_->messages().warn(u"中间层调用失败！");
+        return period.known;
+    });
 }
 
 } // namespace orv::control
