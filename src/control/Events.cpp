@@ -39,6 +39,14 @@ class Wiring {
             trapped(state, [&] { automation::tracedEvent(state.trace, name, [&] { action(args...); }); });
         }));
     }
+    /// The same for an event whose handler reads or changes the grids: what is being typed comes first.
+    template <class... Args, class Action>
+    void afterEdits(ui::Signal<Args...>& signal, std::u16string_view name, Action action) {
+        on(signal, name, [&state = state_, action](Args... args) {
+            state.finishEdits();
+            action(args...);
+        });
+    }
 
   private:
     FilterState& state_;
@@ -67,33 +75,39 @@ void hideButtonPressed(FilterState& state, HideButton button) {
 } // namespace
 
 void saveScheme(FilterState& state, schemes::SaveMode mode, std::int32_t status) {
-    trapped(state, [&] { state.schemeManager.save(mode, status); });
+    trapped(state, [&] {
+        state.finishEdits();
+        state.schemeManager.save(mode, status);
+    });
 }
 
 void wireEvents(FilterState& state) {
     FilterControls& controls = *state.controls;
     Wiring wiring(state);
-    wiring.on(controls.cboClassType.click, u"cboClassType.click", [&state] { classTypeChosen(state); });
+    wiring.afterEdits(controls.cboClassType.click, u"cboClassType.click", [&state] { classTypeChosen(state); });
+    // A text that its cell refuses is not to vanish with its page.
+    wiring.on(controls.tbFilter.beforeClick, u"tbFilter.beforeClick",
+              [&state](bool& cancel) { cancel = !state.finishEdits() || cancel; });
     wiring.on(controls.tbFilter.click, u"tbFilter.click", [&state] { layOutControls(state); });
     wiring.on(controls.vsFilter.cellChanged, u"vsFilter.cellChanged",
               [&state](int column, int row) { state.accountCheck.cellChanged(column, row); });
     wiring.on(controls.vsFilter.keyDown, u"vsFilter.keyDown",
               [&state](int keyCode, int) { state.valueLookUp.keyDown(keyCode); });
-    wiring.on(controls.cmdInsert.click, u"cmdInsert.click", [&state] { state.conditionGrid.insertRow(); });
-    wiring.on(controls.cmdDel.click, u"cmdDel.click", [&state] { state.conditionGrid.deleteRow(); });
-    wiring.on(controls.cmdDelAll.click, u"cmdDelAll.click", [&state] { state.conditionGrid.clearAll(); });
+    wiring.afterEdits(controls.cmdInsert.click, u"cmdInsert.click", [&state] { state.conditionGrid.insertRow(); });
+    wiring.afterEdits(controls.cmdDel.click, u"cmdDel.click", [&state] { state.conditionGrid.deleteRow(); });
+    wiring.afterEdits(controls.cmdDelAll.click, u"cmdDelAll.click", [&state] { state.conditionGrid.clearAll(); });
     for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
-        wiring.on(controls.cmdHide(i).click, u"cmdHide.click",
-                  [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
+        wiring.afterEdits(controls.cmdHide(i).click, u"cmdHide.click",
+                          [&state, i] { hideButtonPressed(state, static_cast<HideButton>(i)); });
     wiring.on(controls.vsHideColumn.click, u"vsHideColumn.click", [&state, &controls](int, int) {
         for (const HideButton move : {HideButton::up, HideButton::down})
             if (state.columnGrid.currentRow() != 0)
                 controls.cmdHide(static_cast<int>(move)).setEnabled(true);
     });
-    wiring.on(controls.lvwProject.itemClick, u"lvwProject.itemClick",
-              [&state] { state.schemeManager.applySelected(); });
-    wiring.on(controls.tlbProject.buttonClick, u"tlbProject.buttonClick",
-              [&state](const std::u16string& key) { state.schemeManager.toolbarClick(key); });
+    wiring.afterEdits(controls.lvwProject.itemClick, u"lvwProject.itemClick",
+                      [&state] { state.schemeManager.applySelected(); });
+    wiring.afterEdits(controls.tlbProject.buttonClick, u"tlbProject.buttonClick",
+                      [&state](const std::u16string& key) { state.schemeManager.toolbarClick(key); });
     // 16-bit arithmetic: a value beyond it is a failure for whoever set it.
     state.subscriptions.push_back(controls.vsPage.change.subscribe([&controls] {
         const double top = -double{twipsPerScrollStep} * controls.vsPage.value();

@@ -66,6 +66,10 @@ void Filter::resize(int widthPx, int heightPx, double scale) {
     layOutControls(*state_);
 }
 
+std::u16string Filter::translated(std::u16string_view messageTemplate, std::u16string_view first) const {
+    return state_->localisation.message(messageTemplate, first);
+}
+
 void Filter::setSelfObject(std::function<automation::ObjectRef()> self) {
     state_->selfObject = std::move(self);
 }
@@ -94,6 +98,7 @@ void Filter::put_ConditionExtHide(Dictionary value) {
 
 Collection Filter::get_m_Header() {
     return readMember(*state_, u"m_Header", [&] {
+        state_->finishEdits();
         // Kept from the start: a build that fails leaves the columns it had added.
         const Collection header = automation::newCollection(state_->factory);
         state_->header = header;
@@ -160,6 +165,7 @@ bool Filter::Initialize(std::u16string_view sClassTypeList) {
     state_->followTraceSettings();
     return runMember(*state_, u"Initialize", std::tie(sClassTypeList), [&] {
         try {
+            state_->finishEdits();
             loadClassTypes(*state_, sClassTypeList);
             return true;
         } catch (const AutomationError& error) {
@@ -177,6 +183,7 @@ std::u16string Filter::GetTakeBaseDataSQL(Dictionary dct, Recordset rsAll, std::
 
 bool Filter::GetFilterSql(std::u16string& strFilter, bool bRaiseErr) {
     return runMember(*state_, u"GetFilterSql", std::tie(strFilter, bRaiseErr), [&] {
+        state_->finishEdits();
         if (state_->trace)
             state_->trace->text().setTypedValues(state_->typedValues());
         return filterSql(*state_, strFilter, bRaiseErr);
@@ -188,7 +195,10 @@ Dictionary Filter::get_dctProFile() {
 }
 
 Dictionary Filter::get_dctProFileEntry() {
-    return readMember(*state_, u"dctProFileEntry", [&] { return state_->schemeManager.entryRecord(); });
+    return readMember(*state_, u"dctProFileEntry", [&] {
+        state_->finishEdits();
+        return state_->schemeManager.entryRecord();
+    });
 }
 
 bool Filter::SaveLastUseScheme() {
@@ -198,6 +208,7 @@ bool Filter::SaveLastUseScheme() {
 bool Filter::RefreshProfile(Dictionary odctProfileEntry) {
     return runMember(*state_, u"RefreshProfile", std::tie(odctProfileEntry), [&] {
         try {
+            state_->finishEdits();
             state_->schemeManager.applyEntry(odctProfileEntry);
             return true;
         } catch (const AutomationError& error) {
@@ -217,6 +228,7 @@ Value Filter::SaveScheme() {
 
 bool Filter::GetSortString(std::u16string& HeadSort, std::u16string& EntrySort) {
     return runMember(*state_, u"GetSortString", std::tie(HeadSort, EntrySort), [&] {
+        state_->finishEdits();
         state_->provideKeyMaps();
         const auto catalogue = state_->catalogue();
         // The maps of this call, whatever the host makes of the control's meanwhile.
@@ -232,6 +244,7 @@ bool Filter::InitHideColumns() {
     return runMember(*state_, u"InitHideColumns", std::tie(), [&] {
         if (!state_->selectList)
             return false;
+        state_->finishEdits();
         initHideColumns(*state_);
         return true;
     });

@@ -79,6 +79,8 @@ class Filter {
     FilterControls& controls();
     /// The size of the control in pixels at a scale of 96 dots an inch times `scale`; lays everything out again.
     void resize(int widthPx, int heightPx, double scale = 1.0);
+    /// A text of a shell's own in the user's language, with "%1" replaced.
+    std::u16string translated(std::u16string_view messageTemplate, std::u16string_view first) const;
     /// How the control is reached as an automation object; a shell sets it for host components that want it.
     void setSelfObject(std::function<automation::ObjectRef()> self);
 

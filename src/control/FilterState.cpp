@@ -146,6 +146,13 @@ void FilterState::provideKeyMaps() {
         idKeys = automation::newRecord(factory);
 }
 
+bool FilterState::finishEdits() {
+    bool finished = true;
+    for (ui::Spread* grid : {&controls->vsFilter, &controls->vsOrder, &controls->vsHideColumn})
+        finished = grid->finishEdit() && finished;
+    return finished;
+}
+
 void FilterState::takeDataService(ObjectRef service) {
     dataService = service;
     catalogue_.reset();

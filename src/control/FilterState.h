@@ -60,6 +60,10 @@ struct FilterState final : editor::ConditionGridHost,
     /// The two key maps, made on first use.
     void provideKeyMaps();
 
+    /// Has the grids take what the user is typing, before they are read or changed. False when a cell refuses it: its
+    /// old content counts then, and editing goes on.
+    bool finishEdits();
+
     /// Takes a data service: keeps it, reads its four tables in order, and drops what was known of the one before.
     void takeDataService(automation::ObjectRef service);
     /// Releases every object of the host; grids and texts stay.

@@ -118,6 +118,7 @@ void pageClicked(FilterState& state, int index) {
         return;
     const FlagScope handling(state.handlingPageClick);
     const auto& boxes = state.controls->chkPage;
+    state.finishEdits();
     // Taken before the lists change: the rows are laid back on what the new selection offers.
     const GridSettings settings = captureGrids(state);
     if (index == 0 || boxes(index).isChecked())

@@ -133,6 +133,12 @@ class Spread : public Control {
     /// made vanish, or while a leave handler runs: a message box in one takes the focus away and would have the handler
     /// asked again.
     bool userMoveTo(int column, int row);
+    /// Ends what the user is typing as confirming it would, then asks `leaveCell`, with -1, -1 for the new cell: the
+    /// user goes to another control. The active cell stays. False when the cell refuses the text, which then goes on
+    /// being edited, or when the handler cancels.
+    bool userLeave();
+    /// The same where an edit is under way, else nothing: for whoever is about to read the grid.
+    bool finishEdit() { return !editMode_ || userLeave(); }
     /// Types a text into a cell and confirms it: false (nothing changed) when the cell is not editable or its format
     /// refuses the text (see storedFromTyped); otherwise the text is set and `cellChanged` raised. In a combo cell the
     /// text picks its item as by userChoose, "" unselects, and others are refused unless the format is free text.
@@ -153,11 +159,14 @@ class Spread : public Control {
     Signal<int, int> buttonClicked;              ///< column, row of a check-box cell
     Signal<int, int> click;                      ///< column, row
     Signal<int, int> keyDown;                    ///< key code, shift state
-    Signal<int, int, int, int, bool&> leaveCell; ///< column, row, new column, new row, cancel
+    Signal<int, int, int, int, bool&> leaveCell; ///< column, row, new column, new row (-1, -1: none), cancel
     Signal<int, int, bool&> leaveRow;            ///< row, new row, cancel
     Signal<int, int> cellUpdated;                ///< column, row of a cell to repaint; 0, 0 is everything
     Signal<int, int> activeCellChanged;          ///< column, row
     Signal<bool> editModeChanged;                ///< editing of the active cell has begun or ended
+    /// Whoever holds the text that is being typed is to enter it by `userType`, and to set the argument when the cell
+    /// refuses it.
+    Signal<bool&> confirmEdit;
 
   private:
     /// The lists and formats are shared between cells; null is no list, the default format.

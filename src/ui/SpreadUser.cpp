@@ -53,6 +53,25 @@ bool Spread::askToLeave(CellRef target) {
     return !cancel && !alive.expired();
 }
 
+bool Spread::userLeave() {
+    if (leaving_)
+        return true;
+    const auto alive = lifetime();
+    if (editMode_) {
+        bool refused = false;
+        confirmEdit.raise(refused);
+        if (alive.expired() || refused)
+            return false;
+        setEditMode(false);
+        if (alive.expired())
+            return false;
+    }
+    const Running leaving(leaving_, alive);
+    bool cancel = false;
+    leaveCell.raise(active_.column, active_.row, -1, -1, cancel);
+    return !cancel && !alive.expired();
+}
+
 bool Spread::userType(int column, int row, std::u16string text) {
     check(column, row);
     const CellRef cell = spanOrigin(column, row);

@@ -51,7 +51,13 @@ void TabStrip::select(int position) {
 }
 
 void TabStrip::userSelect(int position) {
-    if (enabled() && visible())
+    if (!enabled() || !visible())
+        return;
+    checkPosition(position);
+    const auto alive = lifetime();
+    bool cancel = false;
+    beforeClick.raise(cancel);
+    if (!alive.expired() && !cancel && position <= static_cast<int>(tabs_.size()))
         select(position);
 }
 

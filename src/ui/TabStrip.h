@@ -30,9 +30,11 @@ class TabStrip final : public Control {
     std::u16string_view selectedKey() const noexcept;
     /// Selects and raises `click`, also from code and when the tab was selected already.
     void select(int position);
-    /// The user clicks a tab: as select, but nothing happens when the strip is disabled or hidden.
+    /// The user clicks a tab: as select, but nothing happens when the strip is disabled or hidden, or when a handler of
+    /// `beforeClick` cancels.
     void userSelect(int position);
 
+    Signal<bool&> beforeClick; ///< cancel
     Signal<> click;
 
   private:

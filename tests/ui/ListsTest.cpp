@@ -107,6 +107,18 @@ TEST_F(TabStripTest, SelectsTheFirstTabByItselfAndClicksForEverySelection) {
     EXPECT_EQ(errorOf([&] { tabs.setTabCaption(0, u"x"); }), errorNumber::indexOutOfBounds);
 }
 
+TEST_F(TabStripTest, AHandlerMayKeepTheUserOnATab) {
+    bool cancels = true;
+    const auto before = tabs.beforeClick.subscribe([&cancels](bool& cancel) { cancel = cancels; });
+    tabs.userSelect(2);
+    EXPECT_EQ(tabs.selected(), 1);
+    tabs.select(2);
+    EXPECT_EQ(tabs.selected(), 2) << "code is not asked";
+    cancels = false;
+    tabs.userSelect(1);
+    EXPECT_EQ(tabs.selected(), 1);
+}
+
 TEST_F(TabStripTest, RemovingATabKeepsTheSelectionWithItsTabOrGoesToTheFirst) {
     tabs.select(3);
     tabs.removeTab(u"Filter");

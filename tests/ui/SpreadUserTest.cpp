@@ -87,6 +87,33 @@ TEST_F(SpreadUserTest, AWidthCheckMayPutTheCellBackIntoEditing) {
     EXPECT_EQ(taken(), "leave 4,1->5,1;edit off;active 5,1;");
 }
 
+TEST_F(SpreadUserTest, GoingToAnotherControlConfirmsWhatIsTypedAndAsksForTheCellOnly) {
+    bool refuses = true;
+    const auto typing = grid.confirmEdit.subscribe([&](bool& refused) {
+        events += "confirm;";
+        refused = refuses || !grid.userType(1, 1, u"x");
+    });
+    EXPECT_TRUE(grid.finishEdit());
+    EXPECT_EQ(taken(), "") << "nothing is being typed";
+    EXPECT_TRUE(grid.userLeave());
+    EXPECT_EQ(taken(), "leave 1,1->-1,-1;") << "a cell is left, also one that was not edited";
+
+    grid.setEditMode(true);
+    taken();
+    EXPECT_FALSE(grid.finishEdit());
+    EXPECT_EQ(taken(), "confirm;");
+    EXPECT_TRUE(grid.editMode()) << "a refused text goes on being edited";
+    refuses = false;
+    EXPECT_TRUE(grid.finishEdit());
+    EXPECT_EQ(taken(), "confirm;changed 1,1;edit off;leave 1,1->-1,-1;");
+    EXPECT_EQ(grid.text(1, 1), u"x");
+
+    const auto check =
+        grid.leaveCell.subscribe([this](int, int, int, int, bool& cancel) { cancel = grid.userLeave(); });
+    EXPECT_FALSE(grid.userLeave());
+    EXPECT_EQ(taken(), "leave 1,1->-1,-1;") << "a handler is not asked from within itself";
+}
+
 TEST_F(SpreadUserTest, SomeCellsCannotBeMovedTo) {
     grid.setColumnHidden(6, true);
     EXPECT_FALSE(grid.userMoveTo(6, 2));
