@@ -29,6 +29,9 @@ constexpr const char16_t* leftBrackets = u"\t(\t((\t(((";
 constexpr const char16_t* rightBrackets = u"\t)\t))\t)))";
 constexpr const char16_t* logicWords = u"并且\t或";
 
+/// In characters; a Chinese one takes two. Bracket, field, comparison, value with time and end, bracket, logic.
+constexpr double columnWidths[column::logic] = {5, 16, 11, 17, 8, 2, 5, 7};
+
 CellFormat comboFormat() {
     CellFormat format;
     format.type = CellType::comboBox;
@@ -79,6 +82,8 @@ void ConditionGrid::layOut() {
     grid_.setText(column::value, 0, u"比较值");
     grid_.setText(column::valueEnd, 0, u"比较值");
     grid_.setText(column::logic, 0, u"逻辑");
+    for (int col = 1; col <= column::logic; ++col)
+        grid_.setColumnWidth(col, columnWidths[col - 1]);
     for (int row = 1; row <= rowCount; ++row) {
         for (const int col : {column::left, column::field, column::comparison, column::right, column::logic})
             grid_.setFormat(col, row, comboFormat());

@@ -80,6 +80,13 @@ void ColumnGrid::layOut() {
     grid_.setMaxCols(columnCount);
     for (int column = 1; column <= columnCount; ++column)
         grid_.setText(column, 0, titles[column - 1]);
+    grid_.setColumnWidth(captionColumn, 22);
+    grid_.setColumnWidth(secondCaptionColumn, 16);
+    grid_.setColumnWidth(shownColumn, 7);
+    grid_.setColumnWidth(widthColumn, 12);
+    // What the user has no use for: positions, keys and names of the database.
+    for (int column = positionColumn; column <= columnCount; ++column)
+        grid_.setColumnHidden(column, true);
 }
 
 void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageSelection& pages,

@@ -51,6 +51,9 @@ void SortGrid::layOut() {
     grid_.setText(fieldColumn, 0, u"排序字段");
     grid_.setText(ascendingColumn, 0, u"升序");
     grid_.setText(descendingColumn, 0, u"降序");
+    grid_.setColumnWidth(fieldColumn, 30);
+    for (const int column : {ascendingColumn, descendingColumn})
+        grid_.setColumnWidth(column, 8);
     for (int row = 1; row <= rowCount; ++row) {
         grid_.setFormat(fieldColumn, row, ui::plainFormat(CellType::comboBox));
         hideDirections(row);

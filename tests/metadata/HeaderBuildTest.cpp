@@ -44,6 +44,14 @@ struct Build {
     Collection header = automation::makeCollection();
 };
 
+TEST(HeaderBuild, AFieldHasOneColumnHoweverItsKeyIsWritten) {
+    CatalogueBuilder fields;
+    fields.field({{u"FKey", u"FAmount"}, {u"FCaption", u"金额"}, {u"FColType", 6}, {u"FPage", 1}}, {});
+    Build build(fields);
+    build.columns = {{u"famount", true, 17.64}, {u"FAMOUNT", true, 17.64}};
+    EXPECT_EQ(build.run().count(), 1);
+}
+
 TEST(HeaderBuild, WritesTheKeysOfAColumnInTheirOrder) {
     CatalogueBuilder fields;
     fields.field({{u"FKey", u"FAmount"},

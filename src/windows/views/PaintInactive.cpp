@@ -5,7 +5,6 @@
 #include "windows/views/Pictures.h"
 #include "windows/views/StandardViews.h"
 #include "windows/views/SurfaceColor.h"
-#include "windows/views/UsualColumns.h"
 
 namespace orv::windows {
 
@@ -156,7 +155,6 @@ void paintInactive(HDC dc, const RECT& bounds, control::Filter& filter, const Ap
     Dressing dressing(look);
     control::FilterControls& controls = filter.controls();
     dressing.setBack(surfaceColor(controls.UserControl, look.back));
-    setUsualColumns(controls);
     filter.resize(static_cast<int>(bounds.right - bounds.left), static_cast<int>(bounds.bottom - bounds.top),
                   look.dpi / 96.0);
     const Selected font(dc, dressing.font.get());
