@@ -69,11 +69,11 @@ void FilterControls::forEach(const std::function<void(ui::Control&)>& visit) {
     visit(picPage);
     visitAll(chkPage);
     visit(vsPage);
-    visit(chkIsShowAll);
     visit(picOrder);
     visit(vsOrder);
     visit(vsHideColumn);
     visitAll(cmdHide);
+    visit(chkIsShowAll);
 }
 
 ui::Control* FilterControls::find(std::u16string_view fullName) {

@@ -20,12 +20,11 @@ constexpr int buttonWidth = 64;
 constexpr int hideButtonWidth = 76;
 constexpr int classTypeLabelWidth = 60;
 constexpr int classTypeBoxWidth = 240;
-constexpr int optionLabelWidth = 34;
-constexpr int optionPairMinimum = 92;
-constexpr int optionPairMaximum = 150;
-constexpr int panelLabelWidth = 62;
-constexpr int panelPairMinimum = 130;
-constexpr int panelPairMaximum = 210;
+// Labels and boxes of the options and of the panel below stand in the same columns.
+constexpr int pairLabelWidth = 56;
+constexpr int pairUsual = 120;
+constexpr int pairMinimum = 92; ///< where three usual ones do not stand side by side
+constexpr int pairMaximum = 172;
 constexpr int pageBoxWidth = 116;
 constexpr int scrollBarWidth = 17;
 constexpr int mostPageLines = 3;
@@ -51,7 +50,7 @@ class Composer {
         placeClassType(takeTop(area, lineHeight));
         if (in_.schemeList)
             placeSchemes(takeLeft(area, std::clamp(width_ * 10 / 44, px(100), px(230))));
-        show(out_.tbFilter, takeTop(area, tabHeight, 2));
+        show(out_.tbFilter, takeTop(area, tabHeight, 0));
         switch (in_.page) {
         case TabPage::conditions:
             placeConditions(area);
@@ -119,7 +118,7 @@ class Composer {
 
     /// Height that the line of buttons and option boxes needs at least.
     int optionsHeight(const Rect& area) const {
-        const int lines = 1 + (in_.optionBoxes && !optionsFitBesideButtons(area) ? optionLines(area) : 0);
+        const int lines = 1 + (in_.optionBoxes && !optionsFitBesideButtons(area.width) ? flowLines(area.width, 3) : 0);
         return lines * (px(lineHeight) + px(gap));
     }
 
@@ -148,9 +147,8 @@ class Composer {
 
     void placePanel(Rect& area) {
         const int pairs = in_.panelPairs;
-        const int lines = pairs > 0 ? std::min(flowLines(area.width, pairs, panelPairMinimum),
-                                               linesThatFit(area, optionsHeight(area)))
-                                    : 0;
+        const int lines =
+            pairs > 0 ? std::min(flowLines(area.width, pairs), linesThatFit(area, optionsHeight(area))) : 0;
         if (lines <= 0) {
             out_.PicPan = {{}, true}; // the panel's conditions hold, also while there is no room to show them
             for (std::size_t i = 0; i < out_.lblFilter.size(); ++i)
@@ -159,59 +157,67 @@ class Composer {
         }
         const Rect panel = takeBottom(area, lines * px(lineHeight) + (lines - 1) * px(gap));
         show(out_.PicPan, panel);
-        const int columns = std::max(panel.width / px(panelPairMinimum), 1);
+        const Pairs shape = pairsIn(panel.width);
         for (std::size_t i = 0; i < out_.lblFilter.size(); ++i) {
             out_.lblFilter[i].visible = out_.cmbFilter[i].visible = true;
-            if (static_cast<int>(i) < lines * columns)
-                placePair({0, 0, panel.width, panel.height}, static_cast<int>(i), columns, panelPairMaximum,
-                          panelLabelWidth, out_.lblFilter[i], out_.cmbFilter[i]);
+            if (static_cast<int>(i) < lines * shape.perLine)
+                placePair(shape, 0, 0, static_cast<int>(i), out_.lblFilter[i], out_.cmbFilter[i]);
         }
     }
 
-    int flowLines(int width, int pairs, int pairMinimum) const {
-        const int columns = std::max(width / px(pairMinimum), 1);
-        return (pairs + columns - 1) / columns;
+    /// Labels with their boxes, all of one width, so that those of several lines stand below each other.
+    struct Pairs {
+        int width;
+        int perLine;
+    };
+    Pairs pairsIn(int pageWidth) const {
+        const int space = px(gap);
+        const bool beside = in_.optionBoxes && optionsFitBesideButtons(pageWidth);
+        const int room = beside ? pageWidth - 3 * (px(buttonWidth) + space) : pageWidth;
+        const int minimum = px(room >= 3 * px(pairUsual) + 2 * space ? pairUsual : pairMinimum);
+        const int wanted = beside ? 3 : std::max((room + space) / (minimum + space), 1);
+        const int width = std::min((room - (wanted - 1) * space) / wanted, px(pairMaximum));
+        return {width, std::max((pageWidth + space) / (width + space), 1)};
     }
-    int optionLines(const Rect& area) const { return flowLines(area.width, 3, optionPairMinimum); }
-    bool optionsFitBesideButtons(const Rect& area) const {
-        return area.width >= 3 * px(optionPairMinimum) + 3 * (px(buttonWidth) + px(gap));
+    int flowLines(int pageWidth, int pairs) const {
+        const int perLine = pairsIn(pageWidth).perLine;
+        return (pairs + perLine - 1) / perLine;
+    }
+    bool optionsFitBesideButtons(int pageWidth) const {
+        return pageWidth >= 3 * (px(pairUsual) + px(buttonWidth) + 2 * px(gap));
     }
 
     /// One label with its box, flowing over lines of equal columns.
-    void placePair(const Rect& area, int position, int columns, int pairMaximum, int labelWidth, Placement& label,
-                   Placement& box) const {
-        const int pairWidth = std::min((area.width - (columns - 1) * px(gap)) / columns, px(pairMaximum));
-        const int left = area.left + position % columns * (pairWidth + px(gap));
-        const int top = area.top + position / columns * (px(lineHeight) + px(gap));
-        const int shownLabel = std::min(px(labelWidth), pairWidth / 2);
+    void placePair(const Pairs& pairs, int left, int top, int position, Placement& label, Placement& box) const {
+        left += position % pairs.perLine * (pairs.width + px(gap));
+        top += position / pairs.perLine * (px(lineHeight) + px(gap));
+        const int shownLabel = std::min(px(pairLabelWidth), pairs.width / 2);
         show(label, {left, top, shownLabel, px(lineHeight)});
-        show(box, {left + shownLabel, top, pairWidth - shownLabel, px(lineHeight)});
+        show(box, {left + shownLabel, top, pairs.width - shownLabel, px(lineHeight)});
     }
 
     void placeButtonsAndOptions(Rect& area) {
-        const bool oneLine = optionsFitBesideButtons(area);
+        const Pairs pairs = pairsIn(area.width);
+        const bool oneLine = optionsFitBesideButtons(area.width);
         if (in_.optionBoxes && !oneLine) {
-            const int lines = optionLines(area);
-            placeOptions(takeBottom(area, lines * px(lineHeight) + (lines - 1) * px(gap)));
+            const int lines = flowLines(area.width, 3);
+            placeOptions(pairs, takeBottom(area, lines * px(lineHeight) + (lines - 1) * px(gap)));
         }
-        Rect line = takeBottom(area, px(lineHeight));
+        const Rect line = takeBottom(area, px(lineHeight));
         int right = line.left + line.width;
         const int width = std::min(px(buttonWidth), (line.width - 2 * px(gap)) / 3);
         for (Placement* button : {&out_.cmdDelAll, &out_.cmdDel, &out_.cmdInsert}) {
             show(*button, {right - width, line.top, width, line.height});
             right -= width + px(gap);
         }
-        if (in_.optionBoxes && oneLine) {
-            line.width = right - line.left;
-            placeOptions(line);
-        }
+        if (in_.optionBoxes && oneLine)
+            placeOptions(pairs, line);
     }
 
-    void placeOptions(const Rect& area) {
-        const int columns = std::min(std::max(area.width / px(optionPairMinimum), 1), 3);
-        placePair(area, 0, columns, optionPairMaximum, optionLabelWidth, out_.lblTime, out_.cboTime);
-        placePair(area, 1, columns, optionPairMaximum, optionLabelWidth, out_.lblCheck, out_.cboCheck);
-        placePair(area, 2, columns, optionPairMaximum, optionLabelWidth, out_.lblPost, out_.cboPost);
+    void placeOptions(const Pairs& pairs, const Rect& area) {
+        placePair(pairs, area.left, area.top, 0, out_.lblTime, out_.cboTime);
+        placePair(pairs, area.left, area.top, 1, out_.lblCheck, out_.cboCheck);
+        placePair(pairs, area.left, area.top, 2, out_.lblPost, out_.cboPost);
     }
 
     void placeColumns(Rect area) {
