@@ -1,6 +1,7 @@
 #include "windows/ole/HostPrompts.h"
 
 #include "windows/ole/DialogWindow.h"
+#include "windows/views/VisualStyles.h"
 
 namespace orv::windows {
 
@@ -24,6 +25,7 @@ class ModalTime {
     // The user may close the form behind the box: control and frame stay until the box has gone.
     ComPtr<IUnknown> control_;
     ComPtr<IOleInPlaceFrame> frame_;
+    VisualStyles styles_;
 };
 
 } // namespace

@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "windows/com/Handles.h"
+#include "windows/views/VisualStyles.h"
 
 #include <commctrl.h>
 
@@ -76,6 +77,7 @@ std::shared_ptr<Window> Window::of(HWND hwnd) noexcept {
 
 void Window::create(const Creation& how) {
     static const WindowClass ownClass(&Window::procedure);
+    const VisualStyles styles;
     if ((how.style & WS_POPUP) != 0)
         opener_ = how.parent;
     const HWND created =
