@@ -43,14 +43,13 @@ class Keyboard : public testing::Test {
         pumpMessages();
         return result;
     }
-    /// The places of the focus, from the one it has, until Tab leads out. With Ctrl held: a grid keeps the plain Tab
-    /// for its cells.
+    /// The places of the focus, from the one it has, until Tab leads out. A grid goes through its cells first.
     std::vector<HWND> walk() {
-        constexpr std::size_t mostStops = 40;
-        const HeldKey controlKey(VK_CONTROL);
         std::vector<HWND> stops{GetFocus()};
-        while (stops.size() < mostStops && press(VK_TAB) == S_OK)
-            stops.push_back(GetFocus());
+        for (int keys = 0; keys < 400 && press(VK_TAB) == S_OK; ++keys) {
+            if (GetFocus() != stops.back())
+                stops.push_back(GetFocus());
+        }
         return stops;
     }
 
@@ -65,7 +64,7 @@ TEST_F(Keyboard, TabGoesThroughAllPartsAndThenToTheContainer) {
         EXPECT_TRUE(IsChild(control.window(), stops[i])) << "stop " << i;
         EXPECT_EQ(std::count(stops.begin(), stops.end(), stops[i]), 1) << "stop " << i << " comes twice";
     }
-    EXPECT_EQ(control.site->take(), Calls{"key 9 2"}) << "the container gets the Tab that leads out, and no other";
+    EXPECT_EQ(control.site->take(), Calls{"key 9 0"}) << "the container gets the Tab that leads out, and no other";
 }
 
 TEST_F(Keyboard, ShiftTabGoesTheSameWayBack) {
@@ -75,7 +74,7 @@ TEST_F(Keyboard, ShiftTabGoesTheSameWayBack) {
     std::vector<HWND> backward = walk();
     std::reverse(backward.begin(), backward.end());
     EXPECT_EQ(backward, forward);
-    EXPECT_EQ(control.site->take(), Calls{"key 9 3"});
+    EXPECT_EQ(control.site->take(), Calls{"key 9 1"});
 }
 
 TEST_F(Keyboard, APlainTabGoesToTheNextPartToo) {

@@ -32,6 +32,7 @@ TEST(ClipboardBlock, ReadsWhatSpreadsheetProgramsWrite) {
     for (const Case& c : cases) {
         SCOPED_TRACE(c.name);
         EXPECT_EQ(parseBlock(c.text), c.block);
+        EXPECT_EQ(parseBlock(formatBlock(c.block)), c.block) << "what is copied is pasted";
     }
 }
 
@@ -49,6 +50,22 @@ TEST(ClipboardBlock, IsPastedIntoTheConditionGridLineByLine) {
     EXPECT_EQ(automation::toUtf8(grid.text(8, 1)), "或");
     EXPECT_EQ(automation::toUtf8(grid.text(4, 2)), "02102024");
     EXPECT_EQ(grid.activeCell(), (ui::CellRef{2, 1}));
+}
+
+TEST(ClipboardBlock, EndsWithTheGrid) {
+    Stage stage;
+    stage.openClassType(1000201);
+    ui::Spread& columns = stage.filter->controls().vsHideColumn;
+    stage.filter->controls().tbFilter.select(3);
+    pump(stage);
+    columns.setFocus();
+    const int last = columns.maxRows();
+    columns.setActiveCell(4, last - 1);
+    putOnClipboard(stage.frame(), u"11\ttoo far\r\n\"12\r\n\"\r\n13\r\n14\r\n");
+    press(stage, 'V', {VK_CONTROL});
+    EXPECT_EQ(columns.text(4, last - 1), u"11");
+    EXPECT_EQ(columns.text(4, last), u"12 ") << "a line end within a cell is a blank";
+    EXPECT_EQ(columns.maxRows(), last);
 }
 
 } // namespace

@@ -1,6 +1,7 @@
 #include "UserInput.h"
 #include "automation/Text.h"
 #include "ui/Spread.h"
+#include "windows/views/Clipboard.h"
 
 #include <gtest/gtest.h>
 
@@ -220,8 +221,52 @@ TEST_F(GridKeys, LeavingTheGridConfirmsWhatIsTyped) {
     chooseField(1, u"单据编");
     type(stage, u"SK-7");
     SetFocus(stage.windowOf(stage.filter->controls().cmdInsert));
+    pump(stage);
     EXPECT_EQ(shown(value, 1), "SK-7");
     EXPECT_FALSE(grid.editMode());
+}
+
+TEST_F(GridKeys, ATextThatItsCellRefusesBringsTheFocusBack) {
+    chooseField(1, u"日期");
+    type(stage, u"abc");
+    const HWND editBox = GetFocus();
+    SetFocus(stage.windowOf(stage.filter->controls().cmdInsert));
+    pump(stage);
+    EXPECT_EQ(GetFocus(), editBox);
+    wchar_t text[16] = {};
+    GetWindowTextW(editBox, text, 16);
+    EXPECT_EQ(std::wstring(text), L"abc") << "nothing typed is lost";
+    EXPECT_TRUE(grid.editMode());
+    press(stage, VK_ESCAPE);
+    SetFocus(stage.windowOf(stage.filter->controls().cmdInsert));
+    pump(stage);
+    EXPECT_EQ(GetFocus(), stage.windowOf(stage.filter->controls().cmdInsert));
+}
+
+TEST_F(GridKeys, WhatIsTypedCountsInTheFilterText) {
+    chooseField(1, u"单据编");
+    type(stage, u"SK-7");
+    std::u16string sql;
+    EXPECT_TRUE(stage.filter->GetFilterSql(sql));
+    EXPECT_NE(sql.find(u"'SK-7'"), std::u16string::npos) << toUtf8(sql);
+    EXPECT_FALSE(grid.editMode());
+}
+
+TEST_F(GridKeys, AWidthBeyondTheLimitIsRefusedWhenTheGridIsLeft) {
+    ui::Spread& columns = stage.filter->controls().vsHideColumn;
+    stage.filter->controls().tbFilter.select(3);
+    pump(stage);
+    columns.setFocus();
+    columns.setActiveCell(4, 2);
+    type(stage, u"200");
+    SetFocus(stage.windowOf(stage.filter->controls().cmdHide(2)));
+    pump(stage);
+    EXPECT_EQ(stage.prompts.messages, std::vector<std::string>{"列的宽度不应该大于150毫米，请重新输入。"});
+    EXPECT_EQ(toUtf8(columns.text(4, 2)), "150");
+    EXPECT_TRUE(columns.editMode());
+    EXPECT_TRUE(IsChild(stage.windowOf(columns), GetFocus())) << "the cell is edited again";
+    press(stage, VK_TAB);
+    EXPECT_EQ(columns.activeCell(), (ui::CellRef{1, 3})) << "150 is accepted";
 }
 
 TEST_F(GridKeys, CopyGivesTheCaptionAndPasteChoosesByIt) {
@@ -237,9 +282,111 @@ TEST_F(GridKeys, CopyGivesTheCaptionAndPasteChoosesByIt) {
     EXPECT_EQ(shown(field, 1), "");
 }
 
-TEST_F(GridKeys, ControlTabLeavesTheGrid) {
-    press(stage, VK_TAB, {VK_CONTROL});
+TEST_F(GridKeys, TabLeavesTheGridWhereNoLineMayFollow) {
+    chooseField(1, u"单据编");
+    type(stage, u"SK");
+    for (const char* cell : {"7,1", "8,1", "1,2", "2,2", "3,2", "4,2", "7,2", "8,2"}) {
+        press(stage, VK_TAB);
+        ASSERT_EQ(active(), cell);
+    }
+    press(stage, VK_TAB);
+    EXPECT_EQ(active(), "8,2") << "the second line is blank: a third one may not follow";
     EXPECT_EQ(GetFocus(), stage.windowOf(stage.filter->controls().cmdInsert));
+    press(stage, VK_TAB, {VK_SHIFT});
+    EXPECT_EQ(GetFocus(), gridWindow);
+
+    grid.setActiveCell(1, 1);
+    press(stage, VK_TAB, {VK_SHIFT});
+    EXPECT_EQ(GetFocus(), stage.windowOf(stage.filter->controls().tbFilter));
+}
+
+TEST_F(GridKeys, F6LeavesTheGridFromAnyCell) {
+    press(stage, VK_F6);
+    EXPECT_EQ(GetFocus(), stage.windowOf(stage.filter->controls().cmdInsert));
+    SetFocus(gridWindow);
+    press(stage, VK_F6, {VK_SHIFT});
+    EXPECT_EQ(GetFocus(), stage.windowOf(stage.filter->controls().tbFilter));
+}
+
+TEST_F(GridKeys, EnterAndEscapeAreTheHostsUnlessACellIsEdited) {
+    const auto takes = [this](WPARAM key) {
+        MSG message{};
+        message.hwnd = GetFocus();
+        message.message = WM_KEYDOWN;
+        message.wParam = key;
+        return stage.window->translateKey(message);
+    };
+    EXPECT_FALSE(takes(VK_RETURN));
+    EXPECT_FALSE(takes(VK_ESCAPE));
+    chooseField(1, u"单据编");
+    for (const WPARAM key : {WPARAM{VK_RETURN}, WPARAM{VK_ESCAPE}}) {
+        grid.setActiveCell(value, 1);
+        type(stage, u"SK");
+        EXPECT_TRUE(takes(key));
+        EXPECT_FALSE(grid.editMode());
+        EXPECT_FALSE(takes(key));
+        grid.setActiveCell(field, 1);
+        press(stage, VK_F4);
+        EXPECT_TRUE(takes(key)) << "the list is open";
+    }
+}
+
+TEST_F(GridKeys, ShiftAndMovesMarkABlockThatIsCopiedAndEmptiedAsOne) {
+    const auto clipboard = [this] { return toUtf8(textFromClipboard(gridWindow)); };
+    chooseField(1, u"单据编");
+    type(stage, u"SK \"1\"");
+    press(stage, VK_RETURN);
+    chooseField(2, u"日期");
+    type(stage, u"2024-02-10");
+    press(stage, VK_RETURN);
+    grid.setActiveCell(field, 1);
+    press(stage, VK_RIGHT, {VK_SHIFT});
+    press(stage, VK_RIGHT, {VK_SHIFT});
+    press(stage, VK_DOWN, {VK_SHIFT});
+    EXPECT_EQ(active(), "2,1") << "the active cell stays";
+    press(stage, 'C', {VK_CONTROL});
+    EXPECT_EQ(clipboard(), "单据编号\t等于\t\"SK \"\"1\"\"\"\r\n日期\t等于\t2024-02-10\r\n");
+
+    press(stage, VK_UP, {VK_SHIFT});
+    press(stage, VK_DELETE);
+    EXPECT_EQ(shown(field, 1), "");
+    EXPECT_EQ(shown(value, 1), "");
+    EXPECT_EQ(shown(field, 2), "日期") << "not marked any more";
+
+    press(stage, 'A', {VK_CONTROL});
+    press(stage, VK_DELETE);
+    EXPECT_EQ(shown(field, 2), "");
+    press(stage, VK_RIGHT);
+    press(stage, 'C', {VK_CONTROL});
+    EXPECT_EQ(clipboard(), "") << "a move without Shift marks no block";
+}
+
+TEST_F(GridKeys, OneTextIsPastedIntoAllMarkedCells) {
+    ui::Spread& columns = stage.filter->controls().vsHideColumn;
+    stage.filter->controls().tbFilter.select(3);
+    pump(stage);
+    columns.setFocus();
+    columns.setActiveCell(3, 1);
+    press(stage, VK_RIGHT, {VK_SHIFT});
+    press(stage, VK_DOWN, {VK_SHIFT});
+    putOnClipboard(gridWindow, u"0\r\n");
+    press(stage, 'V', {VK_CONTROL});
+    for (const int row : {1, 2}) {
+        EXPECT_FALSE(columns.isChecked(3, row));
+        EXPECT_EQ(toUtf8(columns.text(4, row)), "0");
+    }
+    EXPECT_TRUE(columns.isChecked(3, 3));
+}
+
+TEST_F(GridKeys, AnInputMethodComposesInTheEditBox) {
+    chooseField(1, u"单据编");
+    ASSERT_FALSE(grid.editMode());
+    SendMessageW(gridWindow, WM_IME_STARTCOMPOSITION, 0, 0);
+    EXPECT_TRUE(grid.editMode());
+    EXPECT_NE(GetFocus(), gridWindow);
+    type(stage, u"收款");
+    press(stage, VK_RETURN);
+    EXPECT_EQ(shown(value, 1), "收款");
 }
 
 TEST_F(GridKeys, SpaceSwitchesADirectionOfTheSortGrid) {

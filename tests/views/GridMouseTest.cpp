@@ -1,6 +1,8 @@
 #include "UserInput.h"
 #include "ui/Spread.h"
+#include "windows/views/Clipboard.h"
 #include "windows/views/GridLayout.h"
+#include "windows/views/GridPainter.h"
 
 #include <gtest/gtest.h>
 
@@ -89,6 +91,44 @@ TEST_F(GridMouse, DraggingAHeaderBorderResizesItsColumn) {
     EXPECT_LT(grid.columnWidth(2), before + 9);
     const RECT wider = layout().blockRect(2, 0, 1, 1);
     EXPECT_NEAR(static_cast<double>(wider.right), static_cast<double>(r.right + 40), 2.0);
+}
+
+TEST_F(GridMouse, DoubleClickOnAHeaderBorderFitsTheColumn) {
+    grid.setColumnWidth(2, 40);
+    grid.userChoose(2, 1, 1);
+    grid.setActiveCell(1, 2);
+    pump(stage);
+    const RECT r = layout().blockRect(2, 0, 1, 1);
+    SendMessageW(gridWindow, WM_LBUTTONDBLCLK, MK_LBUTTON, MAKELPARAM(r.right, 6));
+    pump(stage);
+    EXPECT_LT(grid.columnWidth(2), 25);
+    EXPECT_GT(grid.columnWidth(2), 6) << "the heading still fits";
+    EXPECT_EQ(grid.activeCell(), (ui::CellRef{1, 2}));
+}
+
+TEST_F(GridMouse, DraggingMarksABlockAndAHeaderItsLine) {
+    const auto copied = [this] {
+        SendMessageW(gridWindow, WM_COPY, 0, 0);
+        return parseBlock(textFromClipboard(gridWindow));
+    };
+    for (const int row : {1, 2})
+        grid.userChoose(2, row, row);
+    grid.setActiveCell(1, 1);
+    pump(stage);
+    drag(stage, gridWindow, centreOf(2, 1), centreOf(3, 2));
+    const TextBlock block = copied();
+    ASSERT_EQ(block.size(), 2u);
+    ASSERT_EQ(block[0].size(), 2u);
+    EXPECT_EQ(block[1][0], shownInCell(grid, 2, 2));
+    EXPECT_EQ(grid.activeCell(), (ui::CellRef{2, 1}));
+
+    click(stage, gridWindow, {5, centreOf(2, 2).y});
+    ASSERT_EQ(copied().size(), 1u);
+    EXPECT_EQ(copied()[0].size(), 6u) << "the value's span is one cell";
+    click(stage, gridWindow, {centreOf(2, 1).x, 5});
+    EXPECT_EQ(copied().size(), static_cast<std::size_t>(grid.maxRows()));
+    click(stage, gridWindow, centreOf(3, 1));
+    EXPECT_EQ(copied().size(), 1u);
 }
 
 TEST_F(GridMouse, WheelScrollsByLines) {

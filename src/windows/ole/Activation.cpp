@@ -3,6 +3,7 @@
 #include "control/Filter.h"
 #include "windows/com/Errors.h"
 #include "windows/ole/Extent.h"
+#include "windows/views/AccessKeys.h"
 
 namespace orv::windows {
 
@@ -233,6 +234,19 @@ HRESULT Activation::translateKey(MSG& message) {
     if (taken && !tabsOut_)
         return S_OK;
     return site_.offerKey(message);
+}
+
+std::u16string Activation::accessKeys() const {
+    return accessKeysOf(filter_.controls());
+}
+
+HRESULT Activation::pressAccessKey(char16_t letter) {
+    if (!site_.ambients.isLive())
+        return S_FALSE;
+    // The key may be pressed from anywhere in the container's form.
+    if (const HRESULT active = activateUi(FocusStop::keep); FAILED(active))
+        return active;
+    return window_ && window_->pressAccessKey(letter) ? S_OK : S_FALSE;
 }
 
 HWND Activation::hwnd() const noexcept {

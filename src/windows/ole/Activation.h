@@ -45,6 +45,9 @@ class Activation {
     void enableModeless(bool enabled);
     /// A key message that the container's message loop offers; S_FALSE when nobody took it.
     HRESULT translateKey(MSG& message);
+    /// The letters that Alt+letter presses a part with.
+    std::u16string accessKeys() const;
+    HRESULT pressAccessKey(char16_t letter);
 
     /// Null while the control is not active.
     HWND hwnd() const noexcept;

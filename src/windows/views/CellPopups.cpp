@@ -7,12 +7,16 @@
 #include <windowsx.h>
 
 #include <commctrl.h>
+#include <imm.h>
 
 #include <algorithm>
 
 namespace orv::windows {
 
 namespace {
+
+/// What Ctrl+A types.
+constexpr WPARAM selectAll = 1;
 
 /// Where a popup of a size goes: below the cell, or above it when there is no room; always on the cell's screen.
 POINT besideCell(const RECT& cell, SIZE size) {
@@ -52,6 +56,13 @@ std::u16string CellEdit::text() const {
     return text;
 }
 
+void CellEdit::endComposition() const {
+    if (const HIMC context = ImmGetContext(hwnd())) {
+        ImmNotifyIME(context, NI_COMPOSITIONSTR, CPS_COMPLETE, 0);
+        ImmReleaseContext(hwnd(), context);
+    }
+}
+
 LRESULT CellEdit::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     switch (message) {
     case WM_GETDLGCODE:
@@ -65,13 +76,11 @@ LRESULT CellEdit::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         // The keys that end editing would beep here.
         if (wParam == VK_RETURN || wParam == VK_TAB || wParam == VK_ESCAPE)
             return 0;
+        if (wParam == selectAll) {
+            SendMessageW(hwnd(), EM_SETSEL, 0, -1);
+            return 0;
+        }
         break;
-    case WM_KILLFOCUS: {
-        const LRESULT result = pass(message, wParam, lParam);
-        if (onLeave)
-            onLeave(reinterpret_cast<HWND>(wParam));
-        return result;
-    }
     default:
         break;
     }

@@ -15,10 +15,11 @@ class CellEdit final : public Window {
   public:
     /// Offered every key first; true when it is used up.
     std::function<bool(WPARAM key)> onKey;
-    std::function<void(HWND to)> onLeave;
 
     void open(HWND grid, const RECT& bounds, HFONT font, const std::u16string& text, int maxLength, bool rightAligned);
     std::u16string text() const;
+    /// Has an input method take what it is composing.
+    void endComposition() const;
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

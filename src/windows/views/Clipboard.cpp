@@ -51,8 +51,8 @@ void putOnClipboard(HWND owner, const std::u16string& text) {
         GlobalFree(memory);
 }
 
-std::vector<std::vector<std::u16string>> parseBlock(std::u16string_view text) {
-    std::vector<std::vector<std::u16string>> rows;
+TextBlock parseBlock(std::u16string_view text) {
+    TextBlock rows;
     if (text.empty())
         return rows;
     rows.emplace_back(1);
@@ -82,6 +82,27 @@ std::vector<std::vector<std::u16string>> parseBlock(std::u16string_view text) {
         }
     }
     return rows;
+}
+
+std::u16string formatBlock(const TextBlock& rows) {
+    std::u16string text;
+    for (const auto& row : rows) {
+        for (const std::u16string& cell : row) {
+            if (&cell != &row.front())
+                text += u'\t';
+            if (cell.find_first_of(u"\t\r\n\"") == std::u16string::npos) {
+                text += cell;
+                continue;
+            }
+            text += u'"';
+            for (const char16_t c : cell)
+                text.append(c == u'"' ? 2 : 1, c);
+            text += u'"';
+        }
+        if (rows.size() > 1)
+            text += u"\r\n";
+    }
+    return text;
 }
 
 } // namespace orv::windows

@@ -26,6 +26,12 @@ Dressing::Dressing(const Appearance& appearance)
     setBack(appearance.back);
 }
 
+void Dressing::setLook(const Appearance& appearance) {
+    look = appearance;
+    font = UniqueFont(CreateFontIndirectW(&appearance.font));
+    setBack(appearance.back);
+}
+
 void Dressing::setBack(COLORREF color) {
     back = color;
     brush = UniqueBrush(CreateSolidBrush(color));
@@ -73,6 +79,10 @@ void ControlView::redress() {
     SendMessageW(handle(), WM_SETFONT, reinterpret_cast<WPARAM>(dressing_->font.get()), FALSE);
     refresh();
     InvalidateRect(handle(), nullptr, TRUE);
+}
+
+bool ControlView::takeKey(MSG&) {
+    return false;
 }
 
 bool ControlView::wantsKey(const MSG& message) const {

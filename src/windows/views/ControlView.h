@@ -5,6 +5,7 @@
 #include "windows/views/Gdi.h"
 #include "windows/views/Window.h"
 
+#include <functional>
 #include <memory>
 #include <vector>
 
@@ -19,6 +20,9 @@ struct Dressing {
     COLORREF back;     ///< of the surface
     UniqueBrush brush; ///< of that colour
     void setBack(COLORREF color);
+    void setLook(const Appearance& appearance);
+    /// A text of the views' own in the user's language, with "%1" replaced; may be empty.
+    std::function<std::u16string(std::u16string_view messageTemplate, std::u16string_view first)> translated;
     /// Pixels of a measure given at 96 dots an inch.
     int px(int at96) const noexcept { return MulDiv(at96, look.dpi, 96); }
 };
@@ -46,6 +50,10 @@ class ControlView {
     virtual bool takesFocus() const { return true; }
     /// Whether the view wants a key for itself, before the surface and the container look at it.
     virtual bool wantsKey(const MSG& message) const;
+    /// Does what a key that the view wants asks for before its window is told; true when the window need not be.
+    virtual bool takeKey(MSG& message);
+    /// Tab leads out of the view: for one that keeps the key for itself as long as it can.
+    std::function<void(bool forward)> onTabOut;
     /// The caption whose "&x" makes Alt+x press the view; null without one.
     virtual const std::u16string* caption() const { return nullptr; }
     virtual void pressByMnemonic() {}

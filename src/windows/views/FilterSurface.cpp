@@ -1,8 +1,10 @@
 #include "windows/views/FilterSurface.h"
 
 #include "control/Filter.h"
+#include "windows/com/Handles.h"
+#include "windows/views/AccessKeys.h"
 #include "windows/views/SurfaceColor.h"
-#include "windows/views/UsualColumns.h"
+#include "windows/views/VisualStyles.h"
 
 #include <commctrl.h>
 
@@ -21,10 +23,23 @@ int heightOf(const RECT& r) {
     return static_cast<int>(r.bottom - r.top);
 }
 
+/// Ctrl+Tab, Ctrl+Page Up and Ctrl+Page Down, as in property sheets.
+bool switchesPage(WPARAM key) {
+    return (key == VK_TAB || key == VK_PRIOR || key == VK_NEXT) && GetKeyState(VK_CONTROL) < 0;
+}
+
+bool isGrid(const ControlView& view) {
+    return dynamic_cast<const ui::Spread*>(view.model()) != nullptr;
+}
+
 } // namespace
 
 FilterSurface::FilterSurface(control::Filter& filter, const Appearance& look, FilterWindow& owner)
-    : filter_(filter), owner_(&owner), dressing_(std::make_shared<Dressing>(look)) {}
+    : filter_(filter), owner_(&owner), dressing_(std::make_shared<Dressing>(look)) {
+    dressing_->translated = [this](std::u16string_view text, std::u16string_view first) {
+        return filter_.translated(text, first);
+    };
+}
 
 FilterSurface::~FilterSurface() {
     subscriptions_.clear();
@@ -34,7 +49,10 @@ FilterSurface::~FilterSurface() {
 void FilterSurface::open(HWND parent, const RECT& bounds) {
     INITCOMMONCONTROLSEX classes{sizeof classes, ICC_TAB_CLASSES | ICC_BAR_CLASSES | ICC_LISTVIEW_CLASSES |
                                                      ICC_DATE_CLASSES | ICC_STANDARD_CLASSES};
-    InitCommonControlsEx(&classes);
+    {
+        const VisualStyles styles;
+        InitCommonControlsEx(&classes);
+    }
     Creation how;
     how.style = WS_CHILD | WS_CLIPCHILDREN | WS_CLIPSIBLINGS;
     how.exStyle = WS_EX_CONTROLPARENT;
@@ -54,7 +72,6 @@ void FilterSurface::open(HWND parent, const RECT& bounds) {
     subscriptions_.push_back(controls.PicPan.changed.subscribe(later));
     // Whatever rebuilds the arrays of boxes fills the grids' lists anew.
     subscriptions_.push_back(controls.vsFilter.cellUpdated.subscribe(laterAt));
-    setUsualColumns(controls);
     layOut();
     matchViews();
     ShowWindow(hwnd(), SW_SHOWNA);
@@ -74,7 +91,7 @@ void FilterSurface::move(const RECT& bounds) {
 }
 
 void FilterSurface::setAppearance(const Appearance& look) {
-    *dressing_ = Dressing(look);
+    dressing_->setLook(look);
     dressing_->setBack(surfaceColor(filter_.controls().UserControl, look.back));
     layOut();
     const auto views = views_;
@@ -119,6 +136,7 @@ std::shared_ptr<ControlView> FilterSurface::viewFor(ui::Control& model,
     if (known != old.end())
         return std::exchange(*known, nullptr);
     auto view = makeStandardView(model, dressing_);
+    view->onTabOut = [this](bool forward) { goToNext(forward); };
     view->attach(containerOf(model));
     return view;
 }
@@ -136,6 +154,20 @@ void FilterSurface::matchViews() {
     for (const auto& view : old) {
         if (view)
             view->window()->destroy();
+    }
+    nameGrids();
+}
+
+void FilterSurface::nameGrids() {
+    control::FilterControls& controls = filter_.controls();
+    const std::pair<std::u16string_view, const ui::Control*> grids[] = {
+        {u"Filter", &controls.vsFilter}, {u"Sort", &controls.vsOrder}, {u"HideSet", &controls.vsHideColumn}};
+    for (const auto& tab : controls.tbFilter.tabs()) {
+        for (const auto& [key, grid] : grids) {
+            const auto view = std::ranges::find_if(views_, [&](const auto& v) { return v->model() == grid; });
+            if (tab.key == key && view != views_.end())
+                SetWindowTextW((*view)->handle(), asWide(tab.caption));
+        }
     }
 }
 
@@ -195,23 +227,24 @@ bool FilterSurface::goToNext(bool forward) {
     return true;
 }
 
-bool FilterSurface::pressMnemonic(wchar_t letter) {
+bool FilterSurface::pressAccessKey(char16_t letter) {
+    const char16_t wanted = accessKeyOf(std::u16string{u'&', letter});
+    if (wanted == 0)
+        return false;
     const auto views = views_;
-    for (const auto& view : views) {
-        const std::u16string* caption = view->caption();
-        if (!caption || !isStop(*view))
+    for (auto view = views.begin(); view != views.end(); ++view) {
+        const std::u16string* caption = (*view)->modelLives() ? (*view)->caption() : nullptr;
+        if (!caption || accessKeyOf(*caption) != wanted || !IsWindowVisible((*view)->handle()))
             continue;
-        for (std::size_t i = 0; i + 1 < caption->size(); ++i) {
-            if ((*caption)[i] != u'&')
-                continue;
-            const auto mark = static_cast<wchar_t>((*caption)[++i]);
-            if (mark != L'&' && CharUpperW(reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(mark))) ==
-                                    CharUpperW(reinterpret_cast<LPWSTR>(static_cast<ULONG_PTR>(letter)))) {
-                SetFocus(view->handle());
-                view->pressByMnemonic();
-                return true;
-            }
-        }
+        // A label's key is that of the part behind it.
+        const auto isUsable = [this](const auto& part) { return isStop(*part); };
+        const auto target = (*view)->takesFocus() ? view : std::find_if(view, views.end(), isUsable);
+        if (target == views.end() || !isStop(**target))
+            continue;
+        SetFocus((*target)->handle());
+        if (target == view)
+            (*view)->pressByMnemonic();
+        return true;
     }
     return false;
 }
@@ -220,19 +253,48 @@ bool FilterSurface::translateKey(MSG& message) {
     if (!hwnd() || !isWithin(hwnd(), message.hwnd))
         return false;
     if (message.message == WM_SYSCHAR)
-        return pressMnemonic(static_cast<wchar_t>(message.wParam));
+        return pressAccessKey(static_cast<char16_t>(message.wParam));
     if (message.message != WM_KEYDOWN && message.message != WM_SYSKEYDOWN)
         return false;
     const auto alive = shared_from_this();
     const auto view = viewWith(message.hwnd);
+    if (view && message.message == WM_KEYDOWN && isWithinFrame(message.hwnd) && switchesPage(message.wParam))
+        return goToPage(message.wParam == VK_NEXT || (message.wParam == VK_TAB && GetKeyState(VK_SHIFT) >= 0));
     if (view && view->wantsKey(message)) {
-        TranslateMessage(&message);
-        DispatchMessageW(&message);
+        if (!view->takeKey(message)) {
+            TranslateMessage(&message);
+            DispatchMessageW(&message);
+        }
         return true;
     }
-    if (message.message == WM_KEYDOWN && message.wParam == VK_TAB)
-        return goToNext(GetKeyState(VK_SHIFT) >= 0);
-    return false;
+    if (message.message != WM_KEYDOWN)
+        return false;
+    // A grid keeps Tab as long as it has a next cell.
+    const bool leavesGrid = view && message.wParam == VK_F6 && view->onTabOut && isGrid(*view);
+    return (message.wParam == VK_TAB || leavesGrid) && goToNext(GetKeyState(VK_SHIFT) >= 0);
+}
+
+bool FilterSurface::isWithinFrame(HWND window) const {
+    return GetAncestor(window, GA_ROOT) == GetAncestor(hwnd(), GA_ROOT);
+}
+
+bool FilterSurface::goToPage(bool forward) {
+    ui::TabStrip& tabs = filter_.controls().tbFilter;
+    const auto count = static_cast<int>(tabs.tabs().size());
+    if (count < 2 || !tabs.enabled() || !tabs.visible())
+        return false;
+    const auto alive = shared_from_this();
+    const auto before = viewWith(GetFocus());
+    tabs.userSelect((tabs.selected() - 1 + (forward ? 1 : count - 1)) % count + 1);
+    if (!hwnd() || (before && isStop(*before)))
+        return true;
+    // What had the focus has gone with its page: the first part of the new one gets it.
+    const auto strip = std::ranges::find_if(views_, [&tabs](const auto& view) { return view->model() == &tabs; });
+    const auto stop = std::find_if(strip == views_.end() ? strip : std::next(strip), views_.end(),
+                                   [this](const auto& view) { return isStop(*view); });
+    if (stop != views_.end())
+        SetFocus((*stop)->handle());
+    return true;
 }
 
 void FilterSurface::onFocus(bool has, HWND to) {
@@ -271,12 +333,17 @@ LRESULT FilterSurface::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case WM_LBUTTONDOWN:
         SetFocus(hwnd());
         return 0;
-    case WM_SYSCOLORCHANGE: {
-        // The container hands it on; common controls want to be told, too.
+    case WM_SYSCOLORCHANGE:
+    case WM_SETTINGCHANGE:
+    case WM_THEMECHANGED: {
+        // Containers hand on what top windows are told; common controls want to be told, too, each of its theme by the
+        // system itself.
         const auto views = views_;
-        for (const auto& view : views)
-            SendMessageW(view->handle(), message, wParam, lParam);
-        dressing_->setBack(surfaceColor(filter_.controls().UserControl, dressing_->look.back));
+        for (const auto& view : views) {
+            if (message != WM_THEMECHANGED)
+                SendMessageW(view->handle(), message, wParam, lParam);
+        }
+        setAppearance(Appearance(dressing_->look));
         RedrawWindow(hwnd(), nullptr, nullptr, RDW_INVALIDATE | RDW_ERASE | RDW_ALLCHILDREN);
         return 0;
     }

@@ -20,6 +20,7 @@ class FilterSurface final : public ContainerWindow {
     void move(const RECT& bounds);
     void setAppearance(const Appearance& look);
     bool translateKey(MSG& message);
+    bool pressAccessKey(char16_t letter);
     bool takeFocus(bool last);
     bool focusIsInside() const;
 
@@ -31,6 +32,8 @@ class FilterSurface final : public ContainerWindow {
     void layOut();
     /// Gives every constituent control its view, and does away with views of controls that are gone.
     void matchViews();
+    /// Grids are known to assistive programs by their pages.
+    void nameGrids();
     std::shared_ptr<ControlView> viewFor(ui::Control& model, std::vector<std::shared_ptr<ControlView>>& old);
     HWND containerOf(const ui::Control& model) const;
     /// Has `matchViews` run once the current event is over.
@@ -39,7 +42,10 @@ class FilterSurface final : public ContainerWindow {
     std::shared_ptr<ControlView> viewWith(HWND window) const;
     bool isStop(const ControlView& view) const;
     bool goToNext(bool forward);
-    bool pressMnemonic(wchar_t letter);
+    /// Shows the next or previous page of the tab strip; false where there is but one.
+    bool goToPage(bool forward);
+    /// False in popups, which have their own use for keys.
+    bool isWithinFrame(HWND window) const;
 
     control::Filter& filter_;
     FilterWindow* owner_;

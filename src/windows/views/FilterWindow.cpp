@@ -41,6 +41,11 @@ bool FilterWindow::translateKey(MSG& message) {
     return alive->translateKey(message);
 }
 
+bool FilterWindow::pressAccessKey(char16_t letter) {
+    const auto alive = surface_;
+    return alive->pressAccessKey(letter);
+}
+
 bool FilterWindow::takeFocus(bool last) {
     const auto alive = surface_;
     return alive->takeFocus(last);

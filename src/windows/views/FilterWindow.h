@@ -45,6 +45,8 @@ class FilterWindow {
     /// Offers a message before it is dispatched. True when the control has taken it (Tab between its parts, keys that
     /// a part wants, accelerators); false leaves it to the container.
     bool translateKey(MSG& message);
+    /// Goes to the part whose caption has that access key and presses it; false when no part in sight has it.
+    bool pressAccessKey(char16_t letter);
     /// Gives the focus to the first or last part in tab order. False when no part can take it.
     bool takeFocus(bool last);
     bool focusIsInside() const;

@@ -1,12 +1,6 @@
 #include "windows/views/GridView.h"
 
-#include "automation/LocaleRules.h"
-#include "support/Letters.h"
-#include "windows/views/Clipboard.h"
-
-#include <algorithm>
-
-// Editing cells: the edit box, lists, the calendar and the clipboard.
+// Editing cells: the edit box, lists and the calendar.
 namespace orv::windows {
 
 using ui::CellType;
@@ -50,13 +44,6 @@ void GridView::showEditor() {
     if (firstText_)
         SendMessageW(edit_->hwnd(), EM_SETSEL, firstText_->size(), static_cast<LPARAM>(firstText_->size()));
     edit_->onKey = [this](WPARAM key) { return ready() && onKey(key); };
-    edit_->onLeave = [this](HWND to) {
-        if (!ready() || committing_ || isWithin(hwnd(), to))
-            return;
-        // A text that the cell refuses goes when the user goes elsewhere.
-        if (!commit() && ready())
-            typed().setEditMode(false);
-    };
     SetFocus(edit_->hwnd());
 }
 
@@ -64,7 +51,6 @@ void GridView::dropEditor() {
     if (!edit_)
         return;
     const auto edit = std::exchange(edit_, nullptr);
-    edit->onLeave = nullptr;
     edit->onKey = nullptr;
     if (GetFocus() == edit->hwnd() && hwnd())
         SetFocus(hwnd());
@@ -76,6 +62,7 @@ bool GridView::commit() {
         return true;
     const auto alive = shared_from_this();
     const auto edit = edit_;
+    edit->endComposition();
     const std::u16string text = edit->text();
     committing_ = true;
     bool taken = true;
@@ -169,76 +156,17 @@ void GridView::closePopups() {
     }
 }
 
-void GridView::copy() const {
-    const ui::CellRef active = typed().activeCell();
-    if (active.column >= 1 && active.row >= 1)
-        putOnClipboard(hwnd(), shownInCell(typed(), active.column, active.row));
-}
-
-void GridView::cut() {
-    copy();
-    clearCell();
-}
-
-void GridView::clearCell() {
-    const ui::CellRef active = typed().activeCell();
-    if (active.column < 1 || active.row < 1)
+void GridView::leave() {
+    // A page that is gone has finished its edits before; there is no way back to it.
+    if (!IsWindowVisible(hwnd()))
         return;
-    if (typed().cellType(active.column, active.row) == CellType::checkBox) {
-        if (typed().isChecked(active.column, active.row))
-            typed().userToggle(active.column, active.row);
-    } else {
-        typed().userType(active.column, active.row, {});
-    }
-}
-
-bool GridView::enter(int column, int row, const std::u16string& text) {
-    if (!typed().editable(column, row))
-        return false;
-    switch (typed().cellType(column, row)) {
-    case CellType::checkBox: {
-        const double number = automation::localeRules().parseNumber(text).value_or(0);
-        const bool wanted = number != 0 || support::equalIgnoringCase(text, u"TRUE");
-        return wanted == typed().isChecked(column, row) || typed().userToggle(column, row);
-    }
-    case CellType::comboBox: {
-        const std::u16string wanted(support::Trim(text));
-        const auto& items = typed().comboItems(column, row);
-        const auto found =
-            std::ranges::find_if(items, [&](const std::u16string& item) { return captionOf(item) == wanted; });
-        if (found != items.end())
-            return typed().userChoose(column, row, static_cast<int>(found - items.begin()));
-        return typed().userType(column, row, text);
-    }
-    default:
-        return typed().userType(column, row, text);
-    }
-}
-
-void GridView::paste() {
+    const HWND focus = GetFocus();
+    // Another window, such as a message box, or another program: the user comes back to the cell.
+    if (!focus || isWithin(hwnd(), focus) || GetAncestor(focus, GA_ROOT) != GetAncestor(hwnd(), GA_ROOT))
+        return;
     const auto alive = shared_from_this();
-    const auto block = parseBlock(textFromClipboard(hwnd()));
-    const ui::CellRef start = typed().activeCell();
-    if (start.column < 1 || start.row < 1)
-        return;
-    bool refused = false;
-    int row = start.row;
-    for (const auto& line : block) {
-        int column = start.column;
-        for (const std::u16string& text : line) {
-            // What an entry before has set up decides where this one goes: spans may have come or gone.
-            while (ready() && column <= typed().maxCols() && row <= typed().maxRows() && !isReachable(column, row))
-                ++column;
-            if (!ready() || column > typed().maxCols() || row > typed().maxRows())
-                break;
-            refused = !enter(column++, row, text) || refused;
-        }
-        ++row;
-    }
-    if (refused)
-        MessageBeep(MB_ICONWARNING);
-    if (ready() && start.column <= typed().maxCols() && start.row <= typed().maxRows())
-        typed().userMoveTo(start.column, start.row);
+    if (!typed().userLeave() && ready())
+        SetFocus(edit_ ? edit_->hwnd() : hwnd());
 }
 
 } // namespace orv::windows

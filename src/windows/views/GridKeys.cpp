@@ -1,5 +1,7 @@
 #include "windows/views/GridView.h"
 
+#include <imm.h>
+
 #include <algorithm>
 
 // The grid's keyboard.
@@ -16,6 +18,12 @@ constexpr int shiftMask = 1;
 constexpr int controlMask = 2;
 constexpr int altMask = 4;
 
+/// Whether a key of the keyboard types something: only then is an input method about to compose.
+bool typesLetter(WPARAM key) {
+    return (key >= '0' && key <= '9') || (key >= 'A' && key <= 'Z') || (key >= VK_OEM_1 && key <= VK_OEM_3) ||
+           (key >= VK_OEM_4 && key <= VK_OEM_8);
+}
+
 } // namespace
 
 bool GridView::wantsKey(const MSG& message) const {
@@ -24,13 +32,29 @@ bool GridView::wantsKey(const MSG& message) const {
         return key == VK_DOWN || key == VK_UP;
     const bool control = isDown(VK_CONTROL);
     if (key == VK_TAB)
-        return !control && nextCell(!isDown(VK_SHIFT)).has_value();
+        return !control;
     if (control && (key == 'C' || key == 'X' || key == 'V' || key == 'A' || key == 'Z'))
         return true;
-    if (key == VK_ESCAPE)
+    // A host's dialog has its own use for these.
+    if (key == VK_ESCAPE || key == VK_RETURN)
         return edit_ || list_ || calendar_;
-    return ControlView::wantsKey(message) || key == VK_RETURN || key == VK_DELETE || key == VK_BACK || key == VK_F2 ||
-           key == VK_F4 || key == VK_F7 || key == VK_INSERT;
+    return ControlView::wantsKey(message) || key == VK_DELETE || key == VK_BACK || key == VK_F2 || key == VK_F4 ||
+           key == VK_F7 || key == VK_INSERT || key == VK_PROCESSKEY;
+}
+
+bool GridView::takeKey(MSG& message) {
+    // An input method composes in the window that its key goes to: the edit box has to be there by then.
+    if (message.wParam != VK_PROCESSKEY || message.hwnd != hwnd() || !typesLetter(ImmGetVirtualKey(hwnd())))
+        return false;
+    beginComposition();
+    if (edit_)
+        message.hwnd = edit_->hwnd();
+    return false;
+}
+
+void GridView::beginComposition() {
+    if (!list_ && !calendar_ && !edit_)
+        beginEdit(std::u16string());
 }
 
 bool GridView::isReachable(int column, int row) const {
@@ -53,38 +77,49 @@ std::optional<ui::CellRef> GridView::nextCell(bool forward) const {
     }
 }
 
-void GridView::goTo(int column, int row) {
-    if (!commit() || !ready())
-        return;
-    column = std::clamp(column, 1, std::max(typed().maxCols(), 1));
-    row = std::clamp(row, 1, std::max(typed().maxRows(), 1));
-    if (typed().maxCols() > 0 && typed().maxRows() > 0)
-        typed().userMoveTo(column, row);
+ui::CellRef GridView::edgeOfRow(int row, bool last) const {
+    int column = last ? typed().maxCols() : 1;
+    while (column >= 1 && column <= typed().maxCols() && typed().columnHidden(column))
+        column += last ? -1 : 1;
+    return {std::clamp(column, 1, std::max(typed().maxCols(), 1)), row};
 }
 
-void GridView::goAlong(int columns, int rows) {
-    const ui::CellRef active = typed().activeCell();
-    if (active.column < 1 || active.row < 1)
-        return;
-    if (columns == 0) {
-        goTo(active.column, active.row + rows);
-        return;
-    }
-    const ui::CellSpan span = typed().spanAt(active.column, active.row);
-    int column = columns > 0 ? span.lastColumn() + 1 : active.column - 1;
+ui::CellRef GridView::cellBeside(ui::CellRef cell, int columns, int rows) const {
+    if (columns == 0)
+        return {cell.column, std::clamp(cell.row + rows, 1, std::max(typed().maxRows(), 1))};
+    const ui::CellSpan span = typed().spanAt(cell.column, cell.row);
+    int column = columns > 0 ? span.lastColumn() + 1 : cell.column - 1;
     while (column >= 1 && column <= typed().maxCols() && typed().columnHidden(column))
         column += columns;
-    if (column >= 1 && column <= typed().maxCols())
-        goTo(column, active.row);
+    return column >= 1 && column <= typed().maxCols() ? ui::CellRef{column, cell.row} : cell;
+}
+
+void GridView::goTo(ui::CellRef cell) {
+    if (!commit() || !ready())
+        return;
+    unmark();
+    if (typed().maxCols() > 0 && typed().maxRows() > 0)
+        typed().userMoveTo(cell.column, cell.row);
 }
 
 bool GridView::goToNextCell(bool forward) {
     if (!commit() || !ready())
         return true;
+    unmark();
     const auto next = nextCell(forward);
-    if (next)
-        typed().userMoveTo(next->column, next->row);
-    return next.has_value();
+    if (!next)
+        return false;
+    const int losses = focusLosses_;
+    // Who refuses and says why, in a box that takes the focus, or asks for another text, keeps the user here.
+    return typed().userMoveTo(next->column, next->row) || !ready() || focusLosses_ != losses || typed().editMode();
+}
+
+void GridView::tab(bool forward) {
+    const auto alive = shared_from_this();
+    if (goToNextCell(forward) || !onTabOut)
+        return;
+    const auto leaveGrid = onTabOut; // the call may destroy the view
+    leaveGrid(forward);
 }
 
 bool GridView::keyInList(WPARAM key) {
@@ -111,11 +146,13 @@ bool GridView::keyInList(WPARAM key) {
     case VK_RETURN:
         choose(selected);
         return true;
-    case VK_TAB:
+    case VK_TAB: {
+        const auto alive = shared_from_this();
         choose(selected);
         if (ready())
-            goToNextCell(!isDown(VK_SHIFT));
+            tab(!isDown(VK_SHIFT));
         return true;
+    }
     case VK_ESCAPE:
     case VK_F4:
         closePopups();
@@ -162,50 +199,74 @@ bool GridView::onKey(WPARAM key) {
 }
 
 bool GridView::keyInGrid(WPARAM key, bool control, bool shift) {
-    const int page = std::max(layout_.wholeRows() - 1, 1);
-    const ui::CellRef active = typed().activeCell();
+    if (keyThatMoves(key, control, shift) || keyOfClipboard(key, control, shift))
+        return true;
     switch (key) {
-    case VK_LEFT:
-        goAlong(-1, 0);
-        return true;
-    case VK_RIGHT:
-        goAlong(1, 0);
-        return true;
-    case VK_UP:
-        goAlong(0, -1);
-        return true;
-    case VK_DOWN:
-        goAlong(0, 1);
-        return true;
-    case VK_PRIOR:
-        goAlong(0, -page);
-        return true;
-    case VK_NEXT:
-        goAlong(0, page);
-        return true;
-    case VK_HOME:
-    case VK_END: {
-        int column = key == VK_HOME ? 1 : typed().maxCols();
-        const int step = key == VK_HOME ? 1 : -1;
-        while (column >= 1 && column <= typed().maxCols() && typed().columnHidden(column))
-            column += step;
-        const int row = !control ? active.row : key == VK_HOME ? 1 : typed().maxRows();
-        goTo(column, row);
-        return true;
-    }
     case VK_RETURN:
         goToNextCell(!shift);
         return true;
     case VK_TAB:
-        return control || goToNextCell(!shift);
+        if (!control)
+            tab(!shift);
+        return true;
     case VK_F2:
         beginEdit(std::nullopt);
         return true;
+    default:
+        return key == VK_F7;
+    }
+}
+
+bool GridView::keyThatMoves(WPARAM key, bool control, bool shift) {
+    const int page = std::max(layout_.wholeRows() - 1, 1);
+    const ui::CellRef active = typed().activeCell();
+    if (active.column < 1 || active.row < 1)
+        return false;
+    // With Shift, the corner of the block moves that was moved last.
+    const ui::CellRef from = shift && block_ ? block_->to : active;
+    ui::CellRef to;
+    switch (key) {
+    case VK_LEFT:
+        to = cellBeside(from, -1, 0);
+        break;
+    case VK_RIGHT:
+        to = cellBeside(from, 1, 0);
+        break;
+    case VK_UP:
+        to = cellBeside(from, 0, -1);
+        break;
+    case VK_DOWN:
+        to = cellBeside(from, 0, 1);
+        break;
+    case VK_PRIOR:
+        to = cellBeside(from, 0, -page);
+        break;
+    case VK_NEXT:
+        to = cellBeside(from, 0, page);
+        break;
+    case VK_HOME:
+        to = edgeOfRow(control ? 1 : from.row, false);
+        break;
+    case VK_END:
+        to = edgeOfRow(control ? typed().maxRows() : from.row, true);
+        break;
+    default:
+        return false;
+    }
+    if (!shift)
+        goTo(to);
+    else if (commit() && ready())
+        extendTo(to.column, to.row);
+    return true;
+}
+
+bool GridView::keyOfClipboard(WPARAM key, bool control, bool shift) {
+    switch (key) {
     case VK_DELETE:
         if (shift)
             cut();
         else
-            clearCell();
+            clearMarked();
         return true;
     case VK_INSERT:
         if (shift)
@@ -213,18 +274,24 @@ bool GridView::keyInGrid(WPARAM key, bool control, bool shift) {
         else if (control)
             copy();
         return true;
+    case 'A':
+        if (control)
+            markAll();
+        return control;
     case 'C':
-    case 'X':
-    case 'V':
-        if (control && key == 'C')
+        if (control)
             copy();
-        else if (control && key == 'X')
+        return control;
+    case 'X':
+        if (control)
             cut();
-        else if (control)
+        return control;
+    case 'V':
+        if (control)
             paste();
         return control;
     default:
-        return key == VK_F7;
+        return false;
     }
 }
 

@@ -1,5 +1,7 @@
 #include "windows/views/GridView.h"
 
+#include "windows/com/Handles.h"
+
 #include <algorithm>
 
 // The grid's mouse.
@@ -15,6 +17,10 @@ void GridView::onButtonDown(POINT at, bool doubleClick) {
     if (!ready())
         return;
     if (border > 0) {
+        if (doubleClick) {
+            fitColumn(border);
+            return;
+        }
         draggedColumn_ = border;
         dragFrom_ = static_cast<int>(at.x);
         dragWidth_ = layout_.columnWidth(border);
@@ -22,10 +28,21 @@ void GridView::onButtonDown(POINT at, bool doubleClick) {
         return;
     }
     const ui::CellRef hit = layout_.cellAt(at);
-    const ui::CellRef before = typed().activeCell();
-    typed().userClick(hit.column, hit.row);
-    if (!ready() || hit.column < 1 || hit.row < 1 || hit.column > typed().maxCols() || hit.row > typed().maxRows())
+    if (GetKeyState(VK_SHIFT) < 0 && hit.column >= 1 && hit.row >= 1) {
+        extendTo(hit.column, hit.row);
+        markingFrom_ = block_ ? block_->from : typed().activeCell();
+        SetCapture(hwnd());
         return;
+    }
+    const ui::CellRef before = typed().activeCell();
+    unmark();
+    typed().userClick(hit.column, hit.row);
+    if (!ready() || hit.column > typed().maxCols() || hit.row > typed().maxRows())
+        return;
+    if (hit.column < 1 || hit.row < 1) {
+        markLines(hit, at);
+        return;
+    }
     const ui::CellSpan span = typed().spanAt(hit.column, hit.row);
     const ui::CellRef cell{span.column, span.row};
     if (typed().activeCell() != cell)
@@ -45,21 +62,98 @@ void GridView::onButtonDown(POINT at, bool doubleClick) {
     } else if (doubleClick || (before == cell && !pureList)) {
         beginEdit(std::nullopt);
     }
+    if (ready() && !edit_ && !list_ && !calendar_) {
+        markingFrom_ = cell;
+        SetCapture(hwnd());
+    }
+}
+
+/// A click on a header marks its row or column, one in the corner all cells.
+void GridView::markLines(ui::CellRef hit, POINT at) {
+    const bool besideAll = hit == ui::CellRef{0, 0} &&
+                           (at.x >= layout_.measures().rowHeaderWidth || at.y >= layout_.measures().headerHeight);
+    if (besideAll || typed().maxCols() < 1 || typed().maxRows() < 1)
+        return;
+    const ui::CellRef from{std::max(hit.column, 1), std::max(hit.row, 1)};
+    mark(from, {hit.column > 0 ? hit.column : typed().maxCols(), hit.row > 0 ? hit.row : typed().maxRows()});
+    markingFrom_ = hit;
+    SetCapture(hwnd());
 }
 
 void GridView::onMouseMove(POINT at) {
+    if (markingFrom_) {
+        markTo(at);
+        return;
+    }
     if (draggedColumn_ < 1 || draggedColumn_ > typed().maxCols())
         return;
-    if (draggedColumn_ == stretched_)
+    sizeColumn(draggedColumn_, dragWidth_ + static_cast<int>(at.x) - dragFrom_);
+}
+
+void GridView::markTo(POINT at) {
+    // Beyond the edge the grid scrolls under the pointer.
+    const RECT body = layout_.body();
+    if (at.y < body.top && topRow_ > 1)
+        scrollTo(topRow_ - 1, leftPx_);
+    else if (at.y >= body.bottom)
+        scrollTo(topRow_ + 1, leftPx_);
+    const auto inside = [](LONG value, LONG low, LONG high) { return std::max(std::min(value, high - 1), low); };
+    const int lastRight = layout_.measures().rowHeaderWidth + layout_.columnsWidth() - layout_.leftPx();
+    const POINT nearest{inside(at.x, body.left, std::min<LONG>(body.right, lastRight)),
+                        inside(at.y, body.top, body.bottom)};
+    ui::CellRef hit = layout_.cellAt(nearest);
+    if (hit.row < 1)
+        hit.row = typed().maxRows(); // below the last row
+    if (hit.column < 1)
+        hit.column = typed().maxCols();
+    const ui::CellRef from{std::max(markingFrom_->column, 1), std::max(markingFrom_->row, 1)};
+    if (markingFrom_->column == 0)
+        hit.column = typed().maxCols();
+    if (markingFrom_->row == 0)
+        hit.row = typed().maxRows();
+    const ui::CellSpan span = typed().spanAt(hit.column, hit.row);
+    const ui::CellRef to{span.column, span.row};
+    const ui::CellRef now = block_ ? block_->to : typed().activeCell();
+    if (to != now || (block_ && block_->from != from))
+        mark(from, to);
+}
+
+void GridView::sizeColumn(int column, int widthPx) {
+    if (column == stretched_)
         stretched_ = 0;
-    const int width = std::max(dragWidth_ + static_cast<int>(at.x) - dragFrom_, measures_.minimumColumn);
-    typed().setColumnWidth(draggedColumn_, static_cast<double>(width) / measures_.characterWidth);
+    typed().setColumnWidth(column,
+                           static_cast<double>(std::max(widthPx, measures_.minimumColumn)) / measures_.characterWidth);
+}
+
+void GridView::fitColumn(int column) {
+    const WindowDc dc(hwnd());
+    const Selected font(dc.get(), dressing().font.get());
+    int widest = 0;
+    const auto measure = [&](const std::u16string& text, int extra) {
+        SIZE size{};
+        // No column is wider than its grid, and very long texts are slow to measure.
+        const int length = static_cast<int>(std::min<std::size_t>(text.size(), 1000));
+        GetTextExtentPoint32W(dc.get(), asWide(text), length, &size);
+        widest = std::max(widest, static_cast<int>(size.cx) + extra);
+    };
+    const int margins = dressing().px(8);
+    if (headerBlock(typed(), column).columns == 1)
+        measure(typed().text(column, 0), margins);
+    for (int row = 1; row <= typed().maxRows(); ++row) {
+        if (typed().spanAt(column, row).columns > 1)
+            continue;
+        const bool opens = opensPopup(typed(), column, row) && !typed().text(column, row).empty();
+        measure(shownInCell(typed(), column, row), margins + (opens ? dressing().px(17) : 0));
+    }
+    if (widest > 0)
+        sizeColumn(column, std::min(widest, static_cast<int>(layout_.body().right - layout_.body().left)));
 }
 
 void GridView::endDrag() {
-    if (draggedColumn_ == 0)
+    if (draggedColumn_ == 0 && !markingFrom_)
         return;
     draggedColumn_ = 0;
+    markingFrom_.reset();
     if (GetCapture() == hwnd())
         ReleaseCapture();
 }

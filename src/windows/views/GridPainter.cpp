@@ -20,6 +20,13 @@ COLORREF readableOn(COLORREF back) noexcept {
     return brightness >= 128 ? RGB(0, 0, 0) : RGB(255, 255, 255);
 }
 
+/// A colour between two others, at a number of 8ths from the first one.
+COLORREF between(COLORREF from, COLORREF to, int eighths) noexcept {
+    const auto mix = [eighths](int a, int b) { return a + (b - a) * eighths / 8; };
+    return RGB(mix(GetRValue(from), GetRValue(to)), mix(GetGValue(from), GetGValue(to)),
+               mix(GetBValue(from), GetBValue(to)));
+}
+
 class Painter {
   public:
     Painter(HDC dc, const RECT& clip, const ui::Spread& grid, const GridLayout& layout, const GridLook& look)
@@ -74,11 +81,15 @@ class Painter {
 
     void paintCell(const RECT& r, int column, int row) const {
         const auto own = plainColors_ ? std::nullopt : grid_.cellBackColor(column, row);
-        const COLORREF back = own ? plainColor(*own) : GetSysColor(COLOR_WINDOW);
+        COLORREF back = own ? plainColor(*own) : GetSysColor(COLOR_WINDOW);
+        const bool marked = isMarked(column, row);
+        if (marked)
+            back = plainColors_ ? GetSysColor(COLOR_HIGHLIGHT)
+                                : between(back, GetSysColor(look_.focused ? COLOR_HIGHLIGHT : COLOR_BTNSHADOW), 2);
         fillRect(dc_, r, back);
         fillRect(dc_, {r.right - 1, r.top, r.right, r.bottom}, GetSysColor(COLOR_3DLIGHT));
         fillRect(dc_, {r.left, r.bottom - 1, r.right, r.bottom}, GetSysColor(COLOR_3DLIGHT));
-        COLORREF text = own ? readableOn(back) : GetSysColor(COLOR_WINDOWTEXT);
+        COLORREF text = own || marked ? readableOn(back) : GetSysColor(COLOR_WINDOWTEXT);
         if (!look_.enabled)
             text = GetSysColor(COLOR_GRAYTEXT);
         const ui::CellFormat& format = grid_.format(column, row);
@@ -98,6 +109,13 @@ class Painter {
         if (format.centred)
             align = DT_CENTER;
         drawText(inner, shownInCell(grid_, column, row), text, align);
+    }
+
+    /// The active cell keeps its colour, as the place where typing goes.
+    bool isMarked(int column, int row) const {
+        const ui::CellSpan& m = look_.marked;
+        return column >= m.column && column < m.column + m.columns && row >= m.row && row < m.row + m.rows &&
+               grid_.activeCell() != ui::CellRef{column, row};
     }
 
     void drawText(RECT r, const std::u16string& text, COLORREF color, UINT align) const {

@@ -9,6 +9,7 @@ struct GridLook {
     int dpi = 96;
     bool focused = false;
     bool enabled = true;
+    ui::CellSpan marked{0, 0, 0, 0}; ///< without columns where no block is marked
 };
 
 /// Draws the part of a grid that meets `clip`. `origin` is where the grid's client area begins on the device.

@@ -13,6 +13,9 @@ namespace {
 /// Has the grid measured again once the current event is over: a reload raises thousands of updates.
 constexpr UINT reshapeMessage = WM_APP + 1;
 
+/// The focus has gone: a message box about it, if there is one, must wait until the other window has it.
+constexpr UINT leaveMessage = WM_APP + 2;
+
 POINT pointOf(LPARAM position) {
     return {GET_X_LPARAM(position), GET_Y_LPARAM(position)};
 }
@@ -38,6 +41,7 @@ void GridView::open(HWND parent) {
         else
             dropEditor();
     }));
+    keep(typed().confirmEdit.subscribe([this](bool& refused) { refused = !commit() || refused; }));
     shownActive_ = typed().activeCell();
 }
 
@@ -57,7 +61,8 @@ void GridView::showContent() {
 
 GridLook GridView::look() const {
     const HWND focus = GetFocus();
-    return {dressing().font.get(), dressing().look.dpi, isWithin(hwnd(), focus), typed().enabled()};
+    return {dressing().font.get(), dressing().look.dpi, isWithin(hwnd(), focus), typed().enabled(),
+            block_ ? markedCells() : ui::CellSpan{0, 0, 0, 0}};
 }
 
 RECT GridView::onScreen(const RECT& client) const {
@@ -111,6 +116,8 @@ void GridView::updateScrollBars() {
 void GridView::cellUpdated(int column, int row) {
     if (!ready())
         return;
+    if (row > 0 && shownActive_ == ui::CellRef{column, row})
+        tellAssistants(EVENT_OBJECT_VALUECHANGE, {column, row});
     if (column == 0 && row == 0) {
         if (!reshapePending_)
             reshapePending_ = PostMessageW(hwnd(), reshapeMessage, 0, 0) != FALSE;
@@ -137,6 +144,9 @@ void GridView::activeCellChanged(int column, int row) {
         }
     }
     shownActive_ = {column, row};
+    unmark();
+    if (isWithin(hwnd(), GetFocus()))
+        tellAssistants(EVENT_OBJECT_FOCUS, shownActive_);
     if (reshapePending_)
         updateScrollBars(); // the place of the cell depends on the new shape
     bringIntoSight(column, row);
@@ -235,6 +245,10 @@ void GridView::onWheel(int delta) {
     scrollTo(topRow_ - rows, leftPx_);
 }
 
+void GridView::onSideWheel(int delta) {
+    scrollTo(topRow_, leftPx_ + MulDiv(delta, 3 * measures_.characterWidth, WHEEL_DELTA));
+}
+
 void GridView::paint() {
     PAINTSTRUCT paint;
     const HDC dc = BeginPaint(hwnd(), &paint);
@@ -248,8 +262,16 @@ void GridView::paint() {
 void GridView::onFocus(bool has, HWND to) {
     if (!ready())
         return;
-    if (!has && !isWithin(hwnd(), to))
+    if (!has && !isWithin(hwnd(), to)) {
+        ++focusLosses_;
         closePopups();
+        if (to && !leavePending_)
+            leavePending_ = PostMessageW(hwnd(), leaveMessage, 0, 0) != FALSE;
+    }
+    if (block_)
+        invalidateMarked();
+    if (has && GetFocus() == hwnd())
+        tellAssistants(EVENT_OBJECT_FOCUS, typed().activeCell());
     const ui::CellRef active = typed().activeCell();
     if (active.column >= 1 && active.row >= 1 && active.column <= layout_.columns()) {
         const RECT r = layout_.cellRect(typed(), active.column, active.row);
@@ -275,6 +297,12 @@ LRESULT GridView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
     case reshapeMessage:
         shapeChanged();
         return 0;
+    case leaveMessage:
+        leavePending_ = false;
+        leave();
+        return 0;
+    case WM_GETOBJECT:
+        return static_cast<LONG>(lParam) == OBJID_CLIENT ? onGetObject(wParam) : pass(message, wParam, lParam);
     case WM_SIZE:
         shapeChanged();
         return 0;
@@ -288,6 +316,9 @@ LRESULT GridView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         if (list_)
             return SendMessageW(list_->hwnd(), message, wParam, lParam);
         onWheel(GET_WHEEL_DELTA_WPARAM(wParam));
+        return 0;
+    case WM_MOUSEHWHEEL:
+        onSideWheel(GET_WHEEL_DELTA_WPARAM(wParam));
         return 0;
     case WM_LBUTTONDOWN:
     case WM_LBUTTONDBLCLK:
@@ -311,7 +342,10 @@ LRESULT GridView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         onCharacter(static_cast<char16_t>(wParam));
         return 0;
     case WM_IME_STARTCOMPOSITION: {
-        // The input method composes at the active cell; what it makes of it begins editing there.
+        beginComposition();
+        if (edit_)
+            return SendMessageW(edit_->hwnd(), message, wParam, lParam);
+        // In a list, the input method composes at the active cell; what it makes of it is looked for.
         const ui::CellRef active = typed().activeCell();
         const RECT r = layout_.cellRect(typed(), active.column, active.row);
         if (const HIMC context = ImmGetContext(hwnd())) {
@@ -333,7 +367,7 @@ LRESULT GridView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         paste();
         return 0;
     case WM_CLEAR:
-        clearCell();
+        clearMarked();
         return 0;
     default:
         return pass(message, wParam, lParam);

@@ -12,16 +12,35 @@ namespace orv::windows {
 
 /// The spreadsheet grid's window.
 ///
-/// Keys: arrows, Home, End, Page Up, Page Down (with Ctrl: first and last cell of the grid), Tab and Enter to the next
-/// cell, Ctrl+Tab out of the grid, F2 edits, F4 or Alt+Down opens the cell's list or calendar, Delete empties the cell,
-/// Space switches a check box, Ctrl+X, C and V cut, copy and paste. Every key is told to the model as well.
+/// Keys: arrows, Home, End, Page Up, Page Down (Ctrl+Home, Ctrl+End: first and last cell of the grid), with Shift they
+/// mark a block; Tab to the next cell and, where there is none to go to, out of the grid; Enter, which a host's dialog
+/// may take for itself, to the next cell; F2 edits, F4 or Alt+Down opens the cell's list or calendar, Space switches a
+/// check box; Delete, Ctrl+X, C, V and A empty, cut, copy, paste into and mark cells. Every key is told to the model as
+/// well.
 class GridView final : public NativeView<ui::Spread> {
   public:
     GridView(ui::Spread& model, std::shared_ptr<Dressing> dressing);
     ~GridView() override;
 
     bool wantsKey(const MSG& message) const override;
+    bool takeKey(MSG& message) override;
     void redress() override;
+
+    // For assistive programs: the cell's place on the screen, cut to what is in sight; empty beyond that.
+    const ui::Spread& grid() const noexcept { return typed(); }
+    const GridLayout& layout() const noexcept { return layout_; }
+    RECT placeOnScreen(int column, int row) const;
+    bool isReachable(int column, int row) const;
+    bool isMarked(int column, int row) const;
+    std::u16string translated(std::u16string_view messageTemplate, std::u16string_view first = {}) const;
+    std::u16string columnName(int column) const;
+    std::u16string tableName() const;
+    HRESULT standardParent(IDispatch** parent) const;
+    /// Makes a cell current as a click does; false when a handler refuses.
+    bool visit(int column, int row);
+    /// What a double click does: switches a check box, opens a list or calendar, begins editing.
+    void useCell();
+    bool setCellText(int column, int row, const std::u16string& text);
 
   protected:
     void open(HWND parent) override;
@@ -37,6 +56,7 @@ class GridView final : public NativeView<ui::Spread> {
     void scrollTo(int topRow, int leftPx);
     void onScrollBar(int bar, WORD action);
     void onWheel(int delta);
+    void onSideWheel(int delta);
     void cellUpdated(int column, int row);
     void activeCellChanged(int column, int row);
     void bringIntoSight(int column, int row);
@@ -48,16 +68,27 @@ class GridView final : public NativeView<ui::Spread> {
     void onCharacter(char16_t letter);
     bool keyInList(WPARAM key);
     bool keyInGrid(WPARAM key, bool control, bool shift);
+    bool keyThatMoves(WPARAM key, bool control, bool shift);
+    bool keyOfClipboard(WPARAM key, bool control, bool shift);
+    void beginComposition();
     /// The next cell in reading order that a user can go to; none behind the last one.
     std::optional<ui::CellRef> nextCell(bool forward) const;
-    bool isReachable(int column, int row) const;
-    void goTo(int column, int row);
-    void goAlong(int columns, int rows);
+    ui::CellRef edgeOfRow(int row, bool last) const;
+    /// The cell beside another one; the same at the grid's edge.
+    ui::CellRef cellBeside(ui::CellRef cell, int columns, int rows) const;
+    void goTo(ui::CellRef cell);
+    /// False when Tab is to lead out of the grid.
     bool goToNextCell(bool forward);
+    void tab(bool forward);
 
     // GridMouse.cpp
     void onButtonDown(POINT at, bool doubleClick);
     void onMouseMove(POINT at);
+    void markLines(ui::CellRef hit, POINT at);
+    void markTo(POINT at);
+    void sizeColumn(int column, int widthPx);
+    /// As wide as its texts.
+    void fitColumn(int column);
     void endDrag();
     bool onSetCursor() const;
 
@@ -72,11 +103,27 @@ class GridView final : public NativeView<ui::Spread> {
     void openCalendar();
     void closePopups();
     void choose(int position);
+    /// The focus has gone to another control: what was typed is entered, or the focus comes back.
+    void leave();
+
+    // GridBlocks.cpp
+    ui::CellSpan markedCells() const;
+    void invalidateMarked();
+    void mark(ui::CellRef from, ui::CellRef to);
+    void unmark();
+    void extendTo(int column, int row);
+    void markAll();
     void copy() const;
     void cut();
     void paste();
-    void clearCell();
+    void clearMarked();
     bool enter(int column, int row, const std::u16string& text);
+    std::size_t reachableIn(const ui::CellSpan& cells) const;
+
+    // GridAccess.cpp
+    LRESULT onGetObject(WPARAM wParam);
+    /// Tells assistive programs of an event at a cell; 0, 0 is the grid.
+    void tellAssistants(DWORD event, ui::CellRef cell);
 
     GridLayout layout_;
     GridMeasures measures_;
@@ -90,6 +137,15 @@ class GridView final : public NativeView<ui::Spread> {
     int draggedColumn_ = 0;
     int dragFrom_ = 0;
     int dragWidth_ = 0;
+
+    /// Opposite corners of the marked block; none is the active cell alone.
+    struct Block {
+        ui::CellRef from, to;
+    };
+    std::optional<Block> block_;
+    std::optional<ui::CellRef> markingFrom_; ///< while the mouse marks; row or column 0 for whole columns or rows
+    int focusLosses_ = 0;
+    bool leavePending_ = false;
 
     std::shared_ptr<CellEdit> edit_;
     std::shared_ptr<CellList> list_;

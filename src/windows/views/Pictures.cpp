@@ -1,6 +1,7 @@
 #include "windows/views/Pictures.h"
 
 #include "windows/views/Gdi.h"
+#include "windows/views/SurfaceColor.h"
 
 #include <commctrl.h>
 
@@ -11,16 +12,30 @@ namespace orv::windows {
 
 namespace {
 
-constexpr COLORREF ink = RGB(64, 74, 92);
-constexpr COLORREF paper = RGB(255, 255, 255);
-constexpr COLORREF blue = RGB(46, 110, 190);
-constexpr COLORREF red = RGB(200, 56, 48);
-constexpr COLORREF sand = RGB(236, 190, 96);
+/// The colours of the pictures; those of the system alone where the user asks for high contrast.
+struct Palette {
+    COLORREF ink = RGB(64, 74, 92);
+    COLORREF paper = RGB(255, 255, 255);
+    COLORREF blue = RGB(46, 110, 190);
+    COLORREF red = RGB(200, 56, 48);
+    COLORREF sand = RGB(236, 190, 96);
+
+    static Palette ofUser() noexcept {
+        Palette colors;
+        if (highContrast()) {
+            colors.ink = colors.blue = colors.red = GetSysColor(COLOR_WINDOWTEXT);
+            colors.paper = colors.sand = GetSysColor(COLOR_WINDOW);
+        }
+        return colors;
+    }
+};
 
 /// Drawing on a grid of 16 x 16 units, whatever the size of the square.
 class Sketch {
   public:
     Sketch(HDC dc, const RECT& square) : dc_(dc), square_(square) {}
+
+    const Palette colors = Palette::ofUser();
 
     void box(int left, int top, int right, int bottom, COLORREF fill, COLORREF line) const {
         const UniqueBrush brush(CreateSolidBrush(fill));
@@ -49,36 +64,37 @@ class Sketch {
 };
 
 void drawDisk(const Sketch& sketch) {
-    sketch.box(1, 1, 15, 15, blue, ink);
-    sketch.box(4, 1, 12, 7, paper, ink);
-    sketch.box(9, 2, 11, 6, ink, ink);
-    sketch.box(3, 9, 13, 15, paper, ink);
+    sketch.box(1, 1, 15, 15, sketch.colors.blue, sketch.colors.ink);
+    sketch.box(4, 1, 12, 7, sketch.colors.paper, sketch.colors.ink);
+    sketch.box(9, 2, 11, 6, sketch.colors.ink, sketch.colors.ink);
+    sketch.box(3, 9, 13, 15, sketch.colors.paper, sketch.colors.ink);
 }
 void drawCross(const Sketch& sketch) {
-    sketch.line({{3, 3}, {13, 13}}, red, 2);
-    sketch.line({{13, 3}, {3, 13}}, red, 2);
+    sketch.line({{3, 3}, {13, 13}}, sketch.colors.red, 2);
+    sketch.line({{13, 3}, {3, 13}}, sketch.colors.red, 2);
 }
 void drawBroom(const Sketch& sketch) {
-    sketch.line({{13, 1}, {8, 8}}, ink, 2);
-    sketch.box(3, 8, 12, 11, sand, ink);
+    sketch.line({{13, 1}, {8, 8}}, sketch.colors.ink, 2);
+    sketch.box(3, 8, 12, 11, sketch.colors.sand, sketch.colors.ink);
     for (int i = 0; i < 4; ++i)
-        sketch.line({{4 + 2 * i, 11}, {3 + 2 * i, 15}}, ink, 1);
+        sketch.line({{4 + 2 * i, 11}, {3 + 2 * i, 15}}, sketch.colors.ink, 1);
 }
 void drawTiles(const Sketch& sketch) {
     for (int i = 0; i < 4; ++i) {
         const int left = i % 2 * 7 + 1;
         const int top = i / 2 * 7 + 1;
-        sketch.box(left, top, left + 6, top + 6, i % 2 == 0 ? blue : sand, ink);
+        sketch.box(left, top, left + 6, top + 6, i % 2 == 0 ? sketch.colors.blue : sketch.colors.sand,
+                   sketch.colors.ink);
     }
 }
 void drawSheet(const Sketch& sketch) {
-    sketch.box(3, 1, 13, 15, paper, ink);
+    sketch.box(3, 1, 13, 15, sketch.colors.paper, sketch.colors.ink);
     for (int i = 0; i < 4; ++i)
-        sketch.line({{5, 4 + 3 * i}, {11, 4 + 3 * i}}, blue, 1);
+        sketch.line({{5, 4 + 3 * i}, {11, 4 + 3 * i}}, sketch.colors.blue, 1);
 }
 void drawScheme(const Sketch& sketch) {
     drawSheet(sketch);
-    sketch.line({{7, 9}, {15, 9}, {12, 12}, {12, 15}, {10, 14}, {10, 12}, {7, 9}}, red, 1);
+    sketch.line({{7, 9}, {15, 9}, {12, 12}, {12, 15}, {10, 14}, {10, 12}, {7, 9}}, sketch.colors.red, 1);
 }
 
 } // namespace

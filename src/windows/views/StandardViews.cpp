@@ -1,6 +1,7 @@
 #include "windows/views/StandardViews.h"
 
 #include "support/PaddedItem.h"
+#include "windows/views/AccessKeys.h"
 
 #include <algorithm>
 
@@ -17,10 +18,12 @@ class LabelView final : public NativeView<ui::Label> {
   public:
     using NativeView::NativeView;
     bool takesFocus() const override { return false; }
+    const std::u16string* caption() const override { return captionHasMarks(typed()) ? &typed().caption() : nullptr; }
 
   protected:
     void open(HWND parent) override {
-        createControl(parent, L"STATIC", SS_LEFTNOWORDWRAP | SS_CENTERIMAGE | SS_NOPREFIX);
+        const DWORD prefix = captionHasMarks(typed()) ? 0 : SS_NOPREFIX;
+        createControl(parent, L"STATIC", SS_LEFTNOWORDWRAP | SS_CENTERIMAGE | prefix);
     }
     void showContent() override { showText(typed().caption()); }
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -31,7 +34,7 @@ class LabelView final : public NativeView<ui::Label> {
 class ButtonView final : public NativeView<ui::Button> {
   public:
     using NativeView::NativeView;
-    const std::u16string* caption() const override { return modelLives() ? &typed().caption() : nullptr; }
+    const std::u16string* caption() const override { return &typed().caption(); }
     void pressByMnemonic() override { typed().press(); }
     bool wantsKey(const MSG& message) const override {
         return message.wParam == VK_SPACE || message.wParam == VK_RETURN;
@@ -57,14 +60,14 @@ class ButtonView final : public NativeView<ui::Button> {
 class CheckBoxView final : public NativeView<ui::CheckBox> {
   public:
     using NativeView::NativeView;
-    const std::u16string* caption() const override { return modelLives() ? &typed().caption() : nullptr; }
+    const std::u16string* caption() const override { return captionHasMarks(typed()) ? &typed().caption() : nullptr; }
     void pressByMnemonic() override { typed().userClick(); }
     bool wantsKey(const MSG& message) const override { return message.wParam == VK_SPACE; }
 
   protected:
     void open(HWND parent) override { createControl(parent, L"BUTTON", BS_3STATE | WS_TABSTOP); }
     void showContent() override {
-        showText(typed().caption());
+        showText(captionHasMarks(typed()) ? typed().caption() : withoutMarks(typed().caption()));
         SendMessageW(hwnd(), BM_SETCHECK, static_cast<WPARAM>(typed().value()), 0);
     }
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override {

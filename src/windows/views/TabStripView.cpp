@@ -27,6 +27,12 @@ class TabStripView final : public NativeView<ui::TabStrip> {
                 SendMessageW(hwnd(), TCM_INSERTITEMW, i, reinterpret_cast<LPARAM>(&item));
             }
         }
+        // Tabs as high as the window: the frame of a page below, which the strip has not, would show otherwise.
+        if (const int height = typed().bounds().height - 2; height != tabHeight_ && height > 0) {
+            tabHeight_ = height;
+            SendMessageW(hwnd(), TCM_SETPADDING, 0, MAKELPARAM(dressing().px(10), dressing().px(3)));
+            SendMessageW(hwnd(), TCM_SETITEMSIZE, 0, MAKELPARAM(0, height));
+        }
         SendMessageW(hwnd(), TCM_SETCURSEL, static_cast<WPARAM>(typed().selected() - 1), 0);
     }
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override {
@@ -47,6 +53,7 @@ class TabStripView final : public NativeView<ui::TabStrip> {
 
   private:
     std::vector<std::u16string> captions_;
+    int tabHeight_ = 0;
 };
 
 } // namespace

@@ -21,7 +21,7 @@ class ToolbarView final : public NativeView<ui::Toolbar> {
         dropImages();
     }
     bool wantsKey(const MSG& message) const override {
-        return ControlView::wantsKey(message) || message.wParam == VK_RETURN;
+        return ControlView::wantsKey(message) || message.wParam == VK_RETURN || message.wParam == VK_F4;
     }
     void redress() override {
         pictureSize_ = 0;
@@ -60,6 +60,20 @@ class ToolbarView final : public NativeView<ui::Toolbar> {
                 tellTip(*reinterpret_cast<NMTBGETINFOTIPW*>(lParam));
             return 0;
         }
+        if ((message == WM_KEYDOWN || message == WM_SYSKEYDOWN) && onKey(wParam))
+            return 0;
+        if (message == WM_SETFOCUS || message == WM_KILLFOCUS) {
+            const LRESULT result = pass(message, wParam, lParam);
+            makeCurrent(message == WM_SETFOCUS ? nextEnabled(current_, 1) : none);
+            return result;
+        }
+        // The pointer takes the mark of the current button along; while it has the focus, it comes back.
+        if (message == WM_MOUSELEAVE) {
+            const LRESULT result = pass(message, wParam, lParam);
+            if (GetFocus() == hwnd())
+                SendMessageW(hwnd(), TB_SETHOTITEM, static_cast<WPARAM>(current_), 0);
+            return result;
+        }
         if (message == WM_ERASEBKGND && dressing().brush) {
             RECT client;
             GetClientRect(hwnd(), &client);
@@ -70,6 +84,59 @@ class ToolbarView final : public NativeView<ui::Toolbar> {
     }
 
   private:
+    static constexpr int none = -1;
+
+    /// The first button from a position on that can be pressed, going that way; the position itself where none can.
+    int nextEnabled(int position, int step) const {
+        for (int at = position; at >= 0 && at < typed().count(); at += step) {
+            if (typed().buttons()[static_cast<std::size_t>(at)].enabled)
+                return at;
+        }
+        return position;
+    }
+    void makeCurrent(int position) {
+        if (position >= 0 && position < typed().count())
+            current_ = position;
+        SendMessageW(hwnd(), TB_SETHOTITEM, static_cast<WPARAM>(position), 0);
+    }
+    void goAlong(int step) {
+        const int to = nextEnabled(current_ + step, step);
+        if (to >= 0 && to < typed().count())
+            makeCurrent(to);
+    }
+    bool onKey(WPARAM key) {
+        switch (key) {
+        case VK_LEFT:
+        case VK_UP:
+            goAlong(-1);
+            return true;
+        case VK_RIGHT:
+            goAlong(1);
+            return true;
+        case VK_DOWN:
+            if (const auto* button = buttonAt(current_ + 1); button && button->menu.empty())
+                goAlong(1);
+            else
+                dropMenu(current_ + 1);
+            return true;
+        case VK_F4:
+            dropMenu(current_ + 1);
+            return true;
+        case VK_HOME:
+            makeCurrent(nextEnabled(0, 1));
+            return true;
+        case VK_END:
+            makeCurrent(nextEnabled(typed().count() - 1, -1));
+            return true;
+        case VK_SPACE:
+        case VK_RETURN:
+            press(current_ + 1);
+            return true;
+        default:
+            return false;
+        }
+    }
+
     /// All that the buttons show, to see whether it has changed.
     std::vector<std::u16string> keys() const {
         std::vector<std::u16string> all;
@@ -155,6 +222,7 @@ class ToolbarView final : public NativeView<ui::Toolbar> {
     std::vector<std::u16string> shown_;
     HANDLE images_ = nullptr;
     int imageCount_ = 0;
+    int current_ = 0; ///< the button that keys press, from 0
     int pictureSize_ = 0;
     bool captions_ = false;
 };

@@ -1,0 +1,130 @@
+#include "automation/Coercion.h"
+#include "ole/Container.h"
+#include "ole/GuiObjects.h"
+#include "windows/com/ComObjectFactory.h"
+#include "windows/com/Wrappers.h"
+
+#include <gtest/gtest.h>
+
+#include <oleacc.h>
+
+// A control that has worked on a host's data leaves nothing behind.
+namespace orv::windows::test {
+
+namespace {
+
+using automation::ObjectRef;
+using automation::Value;
+
+/// The sample host's components, known to the system for the length of a test.
+class RegisteredHost {
+  public:
+    RegisteredHost() {
+        if (FAILED(dll_.registerServer()))
+            throw std::runtime_error("the sample host cannot be registered");
+    }
+    RegisteredHost(const RegisteredHost&) = delete;
+    RegisteredHost& operator=(const RegisteredHost&) = delete;
+    ~RegisteredHost() { dll_.unregisterServer(); }
+
+  private:
+    Dll dll_{u"OrvSampleHost.dll"};
+};
+
+struct Search {
+    const wchar_t* text;
+    HWND found;
+};
+BOOL CALLBACK hasText(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<Search*>(data);
+    wchar_t text[32] = {};
+    GetWindowTextW(window, text, 32);
+    if (IsWindowVisible(window) && lstrcmpW(text, search.text) == 0)
+        search.found = window;
+    return search.found == nullptr;
+}
+HWND childWithText(HWND parent, const wchar_t* text) {
+    Search search{text, nullptr};
+    EnumChildWindows(parent, hasText, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+void key(WPARAM code) {
+    SendMessageW(GetFocus(), WM_KEYDOWN, code, 1);
+}
+void type(std::u16string_view letters) {
+    for (const char16_t letter : letters)
+        SendMessageW(GetFocus(), WM_CHAR, letter, 1);
+}
+
+/// Puts a condition into the first line: list, edit box and all.
+void enterCondition(HWND grid) {
+    SetFocus(grid);
+    key(VK_HOME);
+    key(VK_RIGHT);
+    key(VK_F4);
+    type(u"单据编");
+    key(VK_RETURN);
+    type(u"SK-1");
+}
+
+void readWithAssistant(HWND grid) {
+    ComPtr<IAccessible> table;
+    ASSERT_EQ(
+        AccessibleObjectFromWindow(grid, static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), table.putVoid()),
+        S_OK);
+    VARIANT focus;
+    VariantInit(&focus);
+    table->get_accFocus(&focus);
+    VariantClear(&focus);
+}
+
+std::u16string liveOnce(HWND form, const ObjectRef& host) {
+    Embedded control(form);
+    std::u16string sql;
+    {
+        const ObjectRef filter = wrap(control.loaded.filter.get());
+        automation::let(filter, u"dctControl", automation::call(host, u"Settings"));
+        automation::let(filter, u"ShowScheme", true);
+        automation::let(filter, u"DataSrv", automation::call(host, u"DataService", std::int32_t{1000201}));
+        control.start();
+        control.verb(OLEIVERB_UIACTIVATE);
+        EXPECT_TRUE(automation::toBoolean(automation::call(filter, u"Initialize")));
+        pumpMessages();
+        const HWND grid = childWithText(control.window(), L"条件");
+        EXPECT_NE(grid, nullptr);
+        enterCondition(grid);
+        readWithAssistant(grid);
+        pumpMessages();
+        UniqueBstr text;
+        VARIANT_BOOL done = VARIANT_FALSE;
+        EXPECT_EQ(control.loaded.filter->GetFilterSql(text.put(), VARIANT_FALSE, &done), S_OK);
+        sql = text.view();
+        automation::call(filter, u"ClearMem");
+    }
+    SetFocus(form);
+    EXPECT_EQ(control.finish(), 0u);
+    pumpMessages();
+    return sql;
+}
+
+TEST(Leaks, TwoHundredWorkingLivesLeaveNothingBehind) {
+    const HWND form = sharedForm().hwnd();
+    const RegisteredHost registered;
+    const Dll kept(u"ORVFilter.ocx"); // what the module makes once is not made again
+    ComObjectFactory factory;
+    const ObjectRef host = factory.create(u"OrvSample.Host");
+    for (int warmUp = 0; warmUp < 3; ++warmUp)
+        EXPECT_NE(liveOnce(form, host).find(u"'SK-1'"), std::u16string::npos) << "what is typed counts";
+    const std::size_t windows = windowCount();
+    const std::size_t objects = gdiCount();
+    for (int cycle = 0; cycle < 200 && !HasFailure(); ++cycle)
+        liveOnce(form, host);
+    EXPECT_EQ(windowCount(), windows);
+    EXPECT_EQ(gdiCount(), objects);
+    EXPECT_TRUE(kept.canUnload()) << "objects of the control are alive";
+}
+
+} // namespace
+
+} // namespace orv::windows::test
