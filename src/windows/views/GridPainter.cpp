@@ -131,7 +131,9 @@ class Painter {
         const int side = std::min(px(13), static_cast<int>(r.bottom - r.top) - 2);
         const int left = static_cast<int>(r.left + r.right - side) / 2;
         const int top = static_cast<int>(r.top + r.bottom - side) / 2;
-        const UniquePen frame(CreatePen(PS_SOLID, std::max(px(1), 1), color));
+        // The tick tells the state, its frame stays behind.
+        const COLORREF frameColor = plainColors_ ? color : GetSysColor(COLOR_BTNSHADOW);
+        const UniquePen frame(CreatePen(PS_SOLID, std::max(px(1), 1), frameColor));
         const UniquePen tick(CreatePen(PS_SOLID, px(2), color));
         const Selected brush(dc_, GetStockObject(NULL_BRUSH));
         {
