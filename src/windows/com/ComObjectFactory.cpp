@@ -41,11 +41,12 @@ std::shared_ptr<ComObjectFactory::Pool> ComObjectFactory::poolOfApartment() {
     static SharedLock lock;
     static std::map<DWORD, std::weak_ptr<Pool>> pools;
     const std::lock_guard guard(lock);
-    std::weak_ptr<Pool>& entry = pools[GetCurrentThreadId()];
-    auto pool = entry.lock();
+    auto pool = pools[GetCurrentThreadId()].lock();
     if (!pool) {
+        // Threads come and go: what they left is not kept.
+        std::erase_if(pools, [](const auto& known) { return known.second.expired(); });
         pool = std::make_shared<Pool>();
-        entry = pool;
+        pools[GetCurrentThreadId()] = pool;
     }
     return pool;
 }

@@ -56,11 +56,11 @@ HRESULT FilterObject::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT count
         return DISP_E_UNKNOWNINTERFACE;
     if (!names || !ids || count == 0)
         return E_INVALIDARG;
-    const FilterMember* member = findMember(std::u16string_view(asUtf16(names[0])));
+    const FilterMember* member = findMember(viewOfName(names[0]));
     ids[0] = member ? member->id : DISPID_UNKNOWN;
     HRESULT result = member ? S_OK : DISP_E_UNKNOWNNAME;
     for (UINT i = 1; i < count; ++i) {
-        const std::u16string_view name = asUtf16(names[i]);
+        const std::u16string_view name = viewOfName(names[i]);
         ids[i] = DISPID_UNKNOWN;
         for (std::size_t position = 0; member && position < member->parameterCount; ++position) {
             if (automation::sameMember(member->parameterNames[position], name))
@@ -78,7 +78,7 @@ HRESULT FilterObject::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DISPP
         VariantInit(result);
     if (reserved != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    if (!parameters)
+    if (!parameters || !isComplete(*parameters))
         return E_INVALIDARG;
     if (const FilterMember* getter = getterForIndex(id, flags, parameters->cArgs))
         return invokeOnResult(*this, *getter, flags, parameters, result, details, wrongArgument);

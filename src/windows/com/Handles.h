@@ -24,6 +24,11 @@ inline const char16_t* asUtf16(const wchar_t* text) noexcept {
     return reinterpret_cast<const char16_t*>(text);
 }
 
+/// A name as callers of GetIDsOfNames pass it; none is the empty name.
+inline std::u16string_view viewOfName(const wchar_t* name) noexcept {
+    return name ? std::u16string_view(asUtf16(name)) : std::u16string_view();
+}
+
 /// The text of a BSTR by its length, embedded NULs included; a null BSTR is the empty text.
 inline std::u16string_view viewOf(BSTR text) noexcept {
     return text ? std::u16string_view(asUtf16(text), SysStringLen(text)) : std::u16string_view();

@@ -2,10 +2,14 @@
 
 namespace orv::windows {
 
+bool isComplete(const DISPPARAMS& sent) noexcept {
+    return (sent.cArgs == 0 || sent.rgvarg) && (sent.cNamedArgs == 0 || sent.rgdispidNamedArgs) &&
+           sent.cNamedArgs <= sent.cArgs;
+}
+
 HRESULT InvokeCall::place(const DISPPARAMS& sent, std::size_t parameterCount, std::size_t requiredCount,
                           bool isWrite) noexcept {
-    if ((sent.cArgs > 0 && !sent.rgvarg) || (sent.cNamedArgs > 0 && !sent.rgdispidNamedArgs) ||
-        sent.cNamedArgs > sent.cArgs)
+    if (!isComplete(sent))
         return E_INVALIDARG;
     if (sent.cArgs > parameterCount)
         return DISP_E_BADPARAMCOUNT;

@@ -7,6 +7,9 @@
 
 namespace orv::windows {
 
+/// Whether the lists that a caller of `Invoke` promises are there.
+bool isComplete(const DISPPARAMS& sent) noexcept;
+
 /// The arguments of one `Invoke`, by parameter position.
 class InvokeCall {
   public:

@@ -2,6 +2,7 @@
 
 #include "automation/AutomationError.h"
 #include "windows/com/Errors.h"
+#include "windows/com/InvokeCall.h"
 #include "windows/com/ValueConversion.h"
 
 namespace orv::windows {
@@ -91,7 +92,9 @@ HRESULT ObjectDispatch::GetIDsOfNames(REFIID reserved, LPOLESTR* names, UINT cou
     for (UINT i = 0; i < count; ++i)
         ids[i] = DISPID_UNKNOWN;
     return guarded([&]() -> HRESULT {
-        const std::u16string_view name = asUtf16(names[0]);
+        const std::u16string_view name = viewOfName(names[0]);
+        if (name.empty())
+            return DISP_E_UNKNOWNNAME;
         std::size_t position = 0;
         while (position < names_.size() && !automation::sameMember(names_[position], name))
             ++position;
@@ -108,7 +111,7 @@ HRESULT ObjectDispatch::Invoke(DISPID id, REFIID reserved, LCID, WORD flags, DIS
         VariantInit(result);
     if (reserved != IID_NULL)
         return DISP_E_UNKNOWNINTERFACE;
-    if (!parameters || (parameters->cArgs > 0 && !parameters->rgvarg))
+    if (!parameters || !isComplete(*parameters))
         return E_INVALIDARG;
     const bool namesValue =
         parameters->cNamedArgs == 1 && isWrite(flags) && parameters->rgdispidNamedArgs[0] == DISPID_PROPERTYPUT;

@@ -52,11 +52,16 @@ class ArrayData {
     void* data_ = nullptr;
 };
 
-Value arrayValue(SAFEARRAY* array, VARTYPE elementType) {
+/// Arrays may hold references to arrays, in the end to themselves.
+constexpr int deepestArray = 32;
+
+Value valueAt(const VARIANT& variant, int depth);
+
+Value arrayValue(SAFEARRAY* array, VARTYPE elementType, int depth) {
     const automation::Collection list = automation::makeCollection();
     if (!array)
         return list.object();
-    if (SafeArrayGetDim(array) != 1)
+    if (SafeArrayGetDim(array) != 1 || depth > deepestArray)
         typeMismatch();
     const ArrayData data(array);
     const UINT size = SafeArrayGetElemsize(array);
@@ -65,22 +70,23 @@ Value arrayValue(SAFEARRAY* array, VARTYPE elementType) {
         VARIANT element;
         V_VT(&element) = static_cast<VARTYPE>(elementType | VT_BYREF);
         V_BYREF(&element) = data.bytes() + static_cast<std::size_t>(i) * size;
-        list.add(toValue(element));
+        list.add(valueAt(element, depth + 1));
     }
     return list.object();
 }
 
-Value valueThrough(const VARIANT& reference) {
+Value valueThrough(const VARIANT& reference, int depth) {
     const auto type = static_cast<VARTYPE>(V_VT(&reference) & ~VT_BYREF);
     if (type == VT_VARIANT) {
-        if (!V_VARIANTREF(&reference))
+        const VARIANT* carrier = carrierOf(reference);
+        if (!carrier)
             typeMismatch();
-        return toValue(*V_VARIANTREF(&reference));
+        return valueAt(*carrier, depth);
     }
     if (!V_BYREF(&reference))
         typeMismatch();
     if (type & VT_ARRAY)
-        return arrayValue(*V_ARRAYREF(&reference), static_cast<VARTYPE>(type & VT_TYPEMASK));
+        return arrayValue(*V_ARRAYREF(&reference), static_cast<VARTYPE>(type & VT_TYPEMASK), depth);
     UniqueVariant direct;
     if (FAILED(VariantCopyInd(&direct.ref(), const_cast<VARIANT*>(&reference))))
         typeMismatch();
@@ -175,14 +181,12 @@ std::size_t sizeOfType(VARTYPE type) {
     }
 }
 
-} // namespace
-
-Value toValue(const VARIANT& variant) {
+Value valueAt(const VARIANT& variant, int depth) {
     const VARTYPE type = V_VT(&variant);
     if (type & VT_BYREF)
-        return valueThrough(variant);
+        return valueThrough(variant, depth);
     if (type & VT_ARRAY)
-        return arrayValue(V_ARRAY(&variant), static_cast<VARTYPE>(type & VT_TYPEMASK));
+        return arrayValue(V_ARRAY(&variant), static_cast<VARTYPE>(type & VT_TYPEMASK), depth);
     switch (type) {
     case VT_EMPTY:
         return {};
@@ -221,6 +225,9 @@ Value toValue(const VARIANT& variant) {
         return automation::Currency{V_CY(&variant).int64};
     case VT_DECIMAL: {
         const DECIMAL& decimal = V_DECIMAL(&variant);
+        constexpr BYTE mostDecimals = 28;
+        if (decimal.scale > mostDecimals)
+            typeMismatch();
         return automation::Decimal{decimal.Hi32, decimal.Lo64, decimal.scale, (decimal.sign & DECIMAL_NEG) != 0};
     }
     case VT_DATE:
@@ -238,6 +245,23 @@ Value toValue(const VARIANT& variant) {
     default:
         typeMismatch();
     }
+}
+
+} // namespace
+
+const VARIANT* carrierOf(const VARIANT& sent) noexcept {
+    constexpr int deepestReference = 16; // nobody nests them deeper
+    const VARIANT* carrier = &sent;
+    for (int depth = 0; depth < deepestReference; ++depth) {
+        if (!carrier || V_VT(carrier) != (VT_BYREF | VT_VARIANT))
+            return carrier;
+        carrier = V_VARIANTREF(carrier);
+    }
+    return nullptr;
+}
+
+Value toValue(const VARIANT& variant) {
+    return valueAt(variant, 0);
 }
 
 UniqueVariant toVariant(const Value& value) {

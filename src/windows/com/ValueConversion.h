@@ -12,6 +12,10 @@ namespace orv::windows {
 /// anything else.
 automation::Value toValue(const VARIANT& variant);
 
+/// The variant that carries the content: references to variants are followed. Null when they lead to nothing, or
+/// round in a circle.
+const VARIANT* carrierOf(const VARIANT& sent) noexcept;
+
 /// The variant of a value. Raises std::bad_alloc.
 UniqueVariant toVariant(const automation::Value& value);
 

@@ -41,16 +41,11 @@ struct InVariant<IDispatch*> {
     static IDispatch*& of(VARIANT& v) noexcept { return V_DISPATCH(&v); }
 };
 
-/// The variant that carries the content: references to variants are followed.
-inline const VARIANT& carrierOf(const VARIANT& sent) noexcept {
-    const VARIANT* carrier = &sent;
-    while (V_VT(carrier) == (VT_BYREF | VT_VARIANT) && V_VARIANTREF(carrier))
-        carrier = V_VARIANTREF(carrier);
-    return *carrier;
-}
-
 /// A copy of an argument in the type of a parameter.
 inline HRESULT convert(const VARIANT& carrier, VARTYPE type, UniqueVariant& out) noexcept {
+    // The platform's routines follow a reference without a look.
+    if ((V_VT(&carrier) & VT_BYREF) != 0 && !V_BYREF(&carrier))
+        return DISP_E_TYPEMISMATCH;
     auto* source = const_cast<VARIANT*>(&carrier);
     if (type != VT_DISPATCH)
         return VariantChangeTypeEx(out.put(), source, LOCALE_USER_DEFAULT, 0, type);
@@ -78,7 +73,10 @@ class Parameter {
     HRESULT read(const VARIANT* sent) noexcept {
         if (!sent)
             return S_OK;
-        const VARIANT& carrier = carrierOf(*sent);
+        const VARIANT* found = carrierOf(*sent);
+        if (!found)
+            return DISP_E_TYPEMISMATCH;
+        const VARIANT& carrier = *found;
         if (V_VT(&carrier) == In::type) {
             value_ = In::of(const_cast<VARIANT&>(carrier));
             return S_OK;
@@ -102,7 +100,10 @@ template <class T>
 class ReferenceParameter {
   public:
     HRESULT read(const VARIANT* sent) noexcept {
-        const VARIANT& carrier = carrierOf(*sent);
+        const VARIANT* found = carrierOf(*sent);
+        if (!found)
+            return DISP_E_TYPEMISMATCH;
+        const VARIANT& carrier = *found;
         if (V_VT(&carrier) == (VT_BYREF | InVariant<T>::type) && V_BYREF(&carrier)) {
             target_ = static_cast<T*>(V_BYREF(&carrier));
             return S_OK;
