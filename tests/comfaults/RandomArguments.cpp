@@ -111,8 +111,8 @@ VARIANT RandomArguments::reference(int depth) {
     VARIANT out{};
     const std::size_t kind = below(10);
     if (kind == 0) { // to nothing
-        V_VT(&out) =
-            static_cast<VARTYPE>(VT_BYREF | (below(3) == 0 ? VT_VARIANT : plainTypes[below(std::size(plainTypes))]));
+        const VARTYPE type = plainTypes[below(std::size(plainTypes))];
+        V_VT(&out) = static_cast<VARTYPE>(VT_BYREF | (below(3) == 0 ? VARTYPE{VT_VARIANT} : type));
         return out;
     }
     if (kind == 1) { // to itself

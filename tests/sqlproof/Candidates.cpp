@@ -41,7 +41,7 @@ Texts lookUpItems(const Texts& captions) {
 
 bool hasWord(const std::u16string& text, std::u16string_view word) {
     const auto same = [](char16_t a, char16_t b) { return (a | 32) == (b | 32); };
-    return !std::ranges::search(text, word, same).empty();
+    return std::search(text.begin(), text.end(), word.begin(), word.end(), same) != text.end();
 }
 
 } // namespace
