@@ -3,15 +3,10 @@
 #include "SmallHost.h"
 #include "control/Filter.h"
 
-#include <string>
-
 namespace orv::fuzz {
 
 /// What holds of a control at any time, whatever the user and the host have done.
 void checkInvariants(control::Filter& filter);
-
-/// What GetFilterSql has to say: its text, or the error's.
-std::u16string filterText(control::Filter& filter);
 
 /// Asks for every result twice: nothing may change by asking, nothing but AutomationError may escape.
 void checkResults(control::Filter& filter);

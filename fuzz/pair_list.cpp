@@ -46,8 +46,8 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
     const support::PropsString props(list);
     fuzz::requireSame(props.value(key), fuzz::model::pairValue(list, key, u";"), "a value of the user properties");
 
-    constexpr std::size_t copies[] = {1, 0, 2, 300};
-    const std::size_t times = copies[input.below(4)];
+    constexpr std::size_t copies[] = {1, 0, 2, 300, 1, 2, 3, 4, 5, 6, 7, 8};
+    const std::size_t times = copies[input.below(12)];
     const std::u16string value = input.line();
     std::vector<std::u16string> keys{key};
     while (!input.atEnd() && keys.size() < 34)

@@ -3,6 +3,7 @@
 #include "ControlChecks.h"
 #include "Input.h"
 #include "automation/Coercion.h"
+#include "faults/Invariants.h"
 
 using namespace orv;
 using automation::Dictionary;
@@ -60,10 +61,14 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::checkResults(filter);
         const Dictionary first = filter.get_dctProFileEntry();
         if (laid) {
-            const std::u16string filterText = fuzz::filterText(filter);
+            const bool firstLineUsed = !filter.controls().vsFilter.text(2, 1).empty();
+            const std::u16string filterText = faults::filterText(filter);
             fuzz::require(filter.RefreshProfile(first), "what was written can be laid on the grids");
             fuzz::requireSame(written(filter.get_dctProFileEntry()), written(first), "a written entry stays the same");
-            fuzz::requireSame(fuzz::filterText(filter), filterText, "a written entry stands for the same filter");
+            // A first condition whose field is gone leaves its line empty, and with it the whole filter; it is not
+            // written.
+            if (firstLineUsed)
+                fuzz::requireSame(faults::filterText(filter), filterText, "a written entry stands for the same filter");
             fuzz::checkInvariants(filter);
         }
         fuzz::checkUsable(filter, host);

@@ -133,12 +133,19 @@ class DictionaryObject final : public Object {
     }
 
     void write(std::u16string key, Value value) {
-        const auto [position, isNew] = positions_.try_emplace(key, entries_.size());
-        if (isNew)
-            entries_.emplace_back(std::move(key), std::move(value));
-        else
+        if (const auto known = positions_.find(key); known != positions_.end()) {
             // The old content may run its own clean-up when it goes: the entry holds the new one by then.
-            std::swap(entries_[position->second].second, value);
+            std::swap(entries_[known->second].second, value);
+            return;
+        }
+        // Both hold the key, or neither: memory may run out at either step.
+        entries_.emplace_back(key, std::move(value));
+        try {
+            positions_.emplace(std::move(key), entries_.size() - 1);
+        } catch (...) {
+            entries_.pop_back();
+            throw;
+        }
     }
 
     Value keys() const {

@@ -4,10 +4,11 @@
 #include "automation/Coercion.h"
 #include "automation/TracedCall.h"
 #include "control/ClassTypeReload.h"
-#include "control/FlagScope.h"
 #include "control/SchemeEntry.h"
+#include "support/FlagScope.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace orv::control {
 
@@ -51,17 +52,21 @@ void uncheckOtherExclusivePages(FilterState& state, int index) {
 } // namespace
 
 void rebuildPageBoxes(FilterState& state) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     const Collection pages = state.classTypeEntries;
     const std::int32_t count = pages ? pages.count() : 0;
+    // Asked first: the host may fail, or have the boxes rebuilt while it answers.
+    std::vector<std::u16string> captions;
+    for (std::int32_t page = 1; page <= count; ++page)
+        captions.push_back(pageCaption(state, pages, page));
     auto& boxes = state.controls->chkPage;
     state.pageSubscriptions.clear();
     boxes.resize(0);
-    for (std::int32_t page = 1; page <= count; ++page) {
-        std::u16string caption = pageCaption(state, pages, page);
+    for (std::u16string& caption : captions) {
+        const int index = boxes.count();
         ui::CheckBox& box = boxes.load();
         box.setCaption(std::move(caption));
-        state.pageSubscriptions.push_back(box.click.subscribe([&state, index = static_cast<int>(page) - 1] {
+        state.pageSubscriptions.push_back(box.click.subscribe([&state, index] {
             try {
                 automation::tracedEvent(state.trace, u"chkPage.click", [&] { pageClicked(state, index); });
             } catch (const AutomationError& error) {
@@ -70,14 +75,14 @@ void rebuildPageBoxes(FilterState& state) {
             }
         }));
     }
-    if (count > 0) {
+    if (boxes.count() > 0) {
         boxes(0).setValue(ui::CheckState::checked);
         boxes(0).setEnabled(false);
     }
 }
 
 void selectPages(FilterState& state, std::u16string_view pageList) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     state.selectedPages = pageList;
     const metadata::PageSelection selection(pageList);
     auto& boxes = state.controls->chkPage;
@@ -102,7 +107,7 @@ std::u16string pageListOfBoxes(const FilterState& state) {
 }
 
 void fixPageBoxes(FilterState& state) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     auto& boxes = state.controls->chkPage;
     if (boxes.count() == 2) {
         boxes(1).setValue(ui::CheckState::checked);
@@ -116,13 +121,13 @@ void fixPageBoxes(FilterState& state) {
 void pageClicked(FilterState& state, int index) {
     if (state.handlingPageClick || state.loadingPages)
         return;
-    const FlagScope handling(state.handlingPageClick);
+    const support::FlagScope handling(state.handlingPageClick);
     const auto& boxes = state.controls->chkPage;
-    // Taken before the lists change: the rows are laid back on what the new selection offers.
-    const GridSettings settings = captureGrids(state);
     if (index == 0 || boxes(index).isChecked())
         uncheckOtherExclusivePages(state, index);
     state.selectedPages = pageListOfBoxes(state);
+    // Taken before the lists change: the rows are laid back on what the new selection offers.
+    const GridSettings settings = captureGrids(state);
     fillFieldLists(state);
     applyGrids(state, settings, editor::MissingField::dropsLine);
 }

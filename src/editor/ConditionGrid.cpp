@@ -90,8 +90,13 @@ void ConditionGrid::layOut() {
 }
 
 void ConditionGrid::setFieldList(const std::u16string& items) {
-    for (int row = 1; row <= grid_.maxRows(); ++row)
+    for (int row = 1; row <= grid_.maxRows(); ++row) {
+        const bool hadField = !grid_.text(column::field, row).empty();
         grid_.setComboList(column::field, row, items);
+        // A field that is not offered any more takes its comparison and value with it.
+        if (hadField && grid_.text(column::field, row).empty())
+            fieldCleared(row);
+    }
 }
 
 std::int32_t ConditionGrid::fieldPosition(int row) const {

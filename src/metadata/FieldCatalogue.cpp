@@ -57,10 +57,8 @@ void SelectItem::setHaveSel(bool value) {
 }
 
 std::int32_t FieldCatalogue::count() {
-    if (!count_) {
+    if (!count_)
         count_ = selectList_ ? selectList_.count() : 0;
-        items_.resize(static_cast<std::size_t>(std::max<std::int32_t>(*count_, 0)));
-    }
     return *count_;
 }
 
@@ -68,8 +66,10 @@ SelectItem& FieldCatalogue::item(std::int32_t position) {
     if (position < 1 || position > count())
         throw AutomationError::runtime(errorNumber::subscriptOutOfRange);
     const auto index = static_cast<std::size_t>(position - 1);
-    if (!items_[index]) {
+    if (index >= items_.size() || !items_[index]) {
         auto item = std::make_shared<SelectItem>(selectList_.record(position));
+        // Room is made for items that are there, not for as many as the list says it has.
+        items_.resize(std::max(items_.size(), index + 1));
         items_[index] = std::move(item);
     }
     return *items_[index];
