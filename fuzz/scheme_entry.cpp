@@ -42,6 +42,18 @@ std::u16string written(const Dictionary& entry) {
     return all;
 }
 
+/// Whether the lines with a field stand together at the top.
+bool hasNoGap(const ui::Spread& grid) {
+    bool ended = false;
+    for (int row = 1; row <= grid.maxRows(); ++row) {
+        const bool used = !grid.text(2, row).empty();
+        if (used && ended)
+            return false;
+        ended = !used;
+    }
+    return true;
+}
+
 } // namespace
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size) {
@@ -61,13 +73,13 @@ extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size
         fuzz::checkResults(filter);
         const Dictionary first = filter.get_dctProFileEntry();
         if (laid) {
-            const bool firstLineUsed = !filter.controls().vsFilter.text(2, 1).empty();
+            const bool isClosedUp = hasNoGap(filter.controls().vsFilter);
             const std::u16string filterText = faults::filterText(filter);
             fuzz::require(filter.RefreshProfile(first), "what was written can be laid on the grids");
             fuzz::requireSame(written(filter.get_dctProFileEntry()), written(first), "a written entry stays the same");
-            // A first condition whose field is gone leaves its line empty, and with it the whole filter; it is not
-            // written.
-            if (firstLineUsed)
+            // A condition whose field is gone leaves its line empty (the first one the whole filter); such a line is
+            // not written, so that messages number those below it anew.
+            if (isClosedUp)
                 fuzz::requireSame(faults::filterText(filter), filterText, "a written entry stands for the same filter");
             fuzz::checkInvariants(filter);
         }

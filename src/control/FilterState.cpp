@@ -147,7 +147,7 @@ void FilterState::provideKeyMaps() {
 }
 
 void FilterState::takeDataService(ObjectRef service) {
-    dataService = service;
+    ObjectRef(service).swap(dataService); // the old service may call back when it goes, and finds the new one
     catalogue_.reset();
     comparisons_.reset();
     allKeys = Dictionary();

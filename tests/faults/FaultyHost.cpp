@@ -49,6 +49,7 @@ class WatchedObject final : public automation::Object {
 constexpr const char* description = R"({
   "classTypes": [{
     "FID": 1000201, "FName": "收款单据",
+    "period": {"year": 2024, "period": 2, "start": "2024-02-01", "end": "2024-02-29"},
     "pages": [{"FName": "单据头", "FEntryType": 0}, {"FName": "明细", "FEntryType": 1}, {"FName": "其他", "FEntryType": 1}],
     "fields": [
       {"FKey": "FNo", "FCaption": "单号", "FColType": 1, "FFieldName": "t.FNo", "FFieldNameExt": "t.FNo", "FPage": 1,

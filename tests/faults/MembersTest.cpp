@@ -115,7 +115,7 @@ const Member members[] = {
          automation::Date first, last;
          return yesNo(f.GetCurPeriod(year, period, first, last));
      },
-     "False", "False", "False", "False"},
+     "True", "True", "True", "True"},
 };
 
 std::string resultOf(const Member& member, Filter& filter, FaultyHost& host) {

@@ -76,6 +76,11 @@ const Action actions[] = {
         filter.controls().tlbProject.userClick(u"TLBDEL");
         filter.controls().vsFilter.userKeyDown(ui::key::f7, 0);
         filter.put_dctControl({});
+        try {
+            filter.put_DataSrv(std::make_shared<LastWord>(filter));
+        } catch (const AutomationError&) { // it has no tables
+        }
+        filter.put_DataSrv(host.dataService(receipts));
     },
 };
 
