@@ -2,6 +2,7 @@
 
 option(ORV_BUILD_TESTS "Build the tests" ON)
 option(ORV_SANITIZE "Address and undefined-behaviour sanitizers (native builds only)" OFF)
+option(ORV_FUZZ "Build the fuzzers (Clang only)" OFF)
 option(ORV_WERROR "Treat warnings as errors" ON)
 
 set(CMAKE_CXX_STANDARD 20)
@@ -29,6 +30,11 @@ if(ORV_SANITIZE)
     # Everything in the process must be instrumented alike, dependencies included.
     add_compile_options(-fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
     add_link_options(-fsanitize=address,undefined)
+endif()
+
+if(ORV_FUZZ)
+    # What the programs under fuzz/ steer by: which branches of the core an input reaches.
+    add_compile_options(-fsanitize=fuzzer-no-link)
 endif()
 
 if(WIN32)

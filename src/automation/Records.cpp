@@ -139,8 +139,14 @@ class DictionaryObject final : public Object {
         entries_.emplace_back(std::move(key), std::move(value));
         if (entries_.size() <= mostUnindexed)
             return;
-        for (std::size_t position = positions_.size(); position < entries_.size(); ++position)
-            positions_.emplace(entries_[position].first, position);
+        // Both hold the key, or neither: memory may run out here.
+        try {
+            for (std::size_t position = positions_.size(); position < entries_.size(); ++position)
+                positions_.emplace(entries_[position].first, position);
+        } catch (...) {
+            entries_.pop_back();
+            throw;
+        }
     }
 
     const Value& read(const Value& key) const {

@@ -5,6 +5,7 @@
 #include <memory>
 #include <string>
 #include <string_view>
+#include <utility>
 #include <variant>
 
 namespace orv::automation {
@@ -75,6 +76,17 @@ class Value {
     Value(ErrorCode v) noexcept : storage_(v) {}
     Value(const void*) = delete; // a pointer must not turn into a Boolean
 
+    // Copied by hand: libstdc++ 12 takes a variant of these types for one that is never without a value, and destroys
+    // what was not there yet when memory runs out under its own copy constructor.
+    Value(const Value& other) : storage_(copyOf(other.storage_)) {}
+    Value(Value&&) noexcept = default;
+    Value& operator=(const Value& other) {
+        storage_ = copyOf(other.storage_);
+        return *this;
+    }
+    Value& operator=(Value&&) noexcept = default;
+    ~Value() = default;
+
     template <class T>
     bool is() const noexcept {
         return std::holds_alternative<T>(storage_);
@@ -94,6 +106,12 @@ class Value {
     friend bool operator==(const Value&, const Value&) = default;
 
   private:
+    static Storage copyOf(const Storage& storage) {
+        return std::visit(
+            []<class Content>(const Content& content) { return Storage(std::in_place_type<Content>, content); },
+            storage);
+    }
+
     Storage storage_;
 };
 

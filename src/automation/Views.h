@@ -9,11 +9,21 @@
 
 namespace orv::automation {
 
+// Assigning swaps: the old object may call back when it goes, and must find the new one in its place. (libstdc++'s copy
+// assignment of a shared pointer lets the old object go first, with the pointer half changed.)
+
 /// A string-keyed dictionary behind a late-bound object. Keys compare exactly. A view holds one reference.
 class Dictionary {
   public:
     Dictionary() = default;
     explicit Dictionary(ObjectRef object) : object_(std::move(object)) {}
+    Dictionary(const Dictionary&) = default;
+    Dictionary(Dictionary&&) noexcept = default;
+    Dictionary& operator=(Dictionary other) noexcept {
+        object_.swap(other.object_);
+        return *this;
+    }
+    ~Dictionary() = default;
 
     explicit operator bool() const noexcept { return object_ != nullptr; }
     const ObjectRef& object() const noexcept { return object_; }
@@ -41,6 +51,13 @@ class Collection {
   public:
     Collection() = default;
     explicit Collection(ObjectRef object) : object_(std::move(object)) {}
+    Collection(const Collection&) = default;
+    Collection(Collection&&) noexcept = default;
+    Collection& operator=(Collection other) noexcept {
+        object_.swap(other.object_);
+        return *this;
+    }
+    ~Collection() = default;
 
     explicit operator bool() const noexcept { return object_ != nullptr; }
     const ObjectRef& object() const noexcept { return object_; }
@@ -62,6 +79,13 @@ class Recordset {
   public:
     Recordset() = default;
     explicit Recordset(ObjectRef object) : object_(std::move(object)) {}
+    Recordset(const Recordset&) = default;
+    Recordset(Recordset&&) noexcept = default;
+    Recordset& operator=(Recordset other) noexcept {
+        object_.swap(other.object_);
+        return *this;
+    }
+    ~Recordset() = default;
 
     explicit operator bool() const noexcept { return object_ != nullptr; }
     const ObjectRef& object() const noexcept { return object_; }

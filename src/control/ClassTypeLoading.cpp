@@ -1,12 +1,17 @@
 #include "control/ClassTypeLoading.h"
 
+#include "automation/AutomationError.h"
 #include "automation/Coercion.h"
 #include "control/ClassTypeReload.h"
-#include "control/FlagScope.h"
 #include "control/PageBoxes.h"
+#include "support/FlagScope.h"
+
+#include <optional>
+#include <vector>
 
 namespace orv::control {
 
+using automation::AutomationError;
 using automation::Collection;
 using automation::Dictionary;
 using automation::ObjectRef;
@@ -25,9 +30,11 @@ void applySelectedScheme(FilterState& state) {
 
 void loadSingleClassType(FilterState& state) {
     ui::ComboBox& box = state.controls->cboClassType;
-    box.clear();
     const Dictionary classType = state.classType;
-    box.addItem(automation::toText(classType.get(u"FName")));
+    box.clear();
+    std::u16string name = automation::toText(classType.get(u"FName"));
+    box.clear(); // again: the host may have filled it while it answered
+    box.addItem(std::move(name));
     // The click that the selection raises finds the tag equal to it and does nothing.
     box.setTag(u"0");
     box.setListIndex(0);
@@ -39,20 +46,31 @@ void loadClassTypeList(FilterState& state, std::u16string_view classTypeIds, std
     filter += classTypeIds;
     filter += u')';
     const ObjectRef classInfo = state.factory.create(u"ORVMClass.ClassInfo");
-    state.classTypeList = Collection(
+    const Collection list(
         automation::toObject(automation::call(classInfo, u"GetClassType", state.userProperties.text(), filter)));
 
-    const Collection list = state.classTypeList;
+    // Asked first: the host may fill the box with another list while it answers.
+    std::vector<std::u16string> names;
+    int line = 0;
+    std::optional<AutomationError> failure;
+    try {
+        const std::int32_t count = list.count();
+        for (std::int32_t i = 1; i <= count; ++i) {
+            const Dictionary item = list.record(i);
+            names.push_back(automation::toText(item.get(u"FName")));
+            if (automation::toInt32(item.get(u"FID")) == currentId)
+                line = static_cast<int>(i) - 1;
+        }
+    } catch (const AutomationError& error) {
+        failure = error;
+    }
+    state.classTypeList = list;
     ui::ComboBox& box = state.controls->cboClassType;
     box.clear();
-    int line = 0;
-    const std::int32_t count = list.count();
-    for (std::int32_t i = 1; i <= count; ++i) {
-        const Dictionary item = list.record(i);
-        box.addItem(automation::toText(item.get(u"FName")));
-        if (automation::toInt32(item.get(u"FID")) == currentId)
-            line = static_cast<int>(i) - 1;
-    }
+    for (std::u16string& name : names)
+        box.addItem(std::move(name));
+    if (failure)
+        throw *failure; // the box keeps what was read until then
     // The tag differs from the selection: the click loads the class type.
     box.setTag(nothingLoaded);
     box.setListIndex(line);
@@ -61,7 +79,7 @@ void loadClassTypeList(FilterState& state, std::u16string_view classTypeIds, std
 } // namespace
 
 void loadClassTypes(FilterState& state, std::u16string_view classTypeIds) {
-    const FlagScope initializing(state.initializing);
+    const support::FlagScope initializing(state.initializing);
     if (!state.settings)
         state.settings = automation::newRecord(state.factory);
     state.showScheme = automation::toBoolean(state.setting(u"ShowScheme", state.showScheme));

@@ -7,6 +7,8 @@
 #include "metadata/PageSelection.h"
 #include "support/PaddedItem.h"
 
+#include <vector>
+
 namespace orv::control {
 
 using automation::Collection;
@@ -32,24 +34,39 @@ bool isHidden(const FilterState& state, const std::u16string& key) {
     return !type.isNull() && automation::toInt32(type) != 0;
 }
 
-/// One label and drop-down for each field with a panel list ("已收;@Field=1,未收;@Field=0").
+/// What the filter panel has for a field with a panel list.
+struct PanelField {
+    std::int32_t position = 0;
+    std::u16string heading;
+    std::u16string list; ///< "已收;@Field=1,未收;@Field=0"
+};
+
+std::vector<PanelField> panelFields(metadata::FieldCatalogue& catalogue) {
+    std::vector<PanelField> fields;
+    for (std::int32_t position = 1; position <= catalogue.count(); ++position) {
+        const FieldRef field = catalogue.field(position);
+        std::u16string list = field->text(fieldKey::filterPanel);
+        if (!list.empty())
+            fields.push_back({position, field->text(fieldKey::caption), std::move(list)});
+    }
+    return fields;
+}
+
+/// One label and drop-down for each field with a panel list.
 void rebuildFilterPanel(FilterState& state) {
+    // Asked first: the host may fail, or have the panel rebuilt while it answers.
     const auto catalogue = state.catalogue();
+    const std::vector<PanelField> fields = panelFields(*catalogue);
     auto& labels = state.controls->lblFilter;
     auto& boxes = state.controls->cmbFilter;
     labels.resize(0);
     boxes.resize(0);
-    for (std::int32_t position = 1; position <= catalogue->count(); ++position) {
-        const FieldRef field = catalogue->field(position);
-        const std::u16string list = field->text(fieldKey::filterPanel);
-        if (list.empty())
-            continue;
-        std::u16string heading = field->text(fieldKey::caption); // first: the host may rebuild the panel meanwhile
+    for (const PanelField& field : fields) {
         ui::Label& label = labels.load();
-        label.setCaption(std::move(heading));
-        label.setTag(automation::numberToText(position));
+        label.setCaption(field.heading);
+        label.setTag(automation::numberToText(field.position));
         ui::ComboBox& box = boxes.load();
-        std::u16string_view rest = list;
+        std::u16string_view rest = field.list;
         while (!rest.empty()) {
             const std::u16string_view item = rest.substr(0, rest.find(u','));
             const std::u16string_view shown = item.substr(0, item.find(u';'));
@@ -104,7 +121,9 @@ void reloadClassType(FilterState& state) {
     state.sortGrid.clearAll();
     initHideColumns(state);
     rebuildFilterPanel(state);
-    state.optionBoxes = hasQuickFilterBoxes(state.classTypeId(), state.controls->cboClassType.text());
+    // Asked first: the host may fill the box anew while it answers.
+    const std::int32_t classTypeId = state.classTypeId();
+    state.optionBoxes = hasQuickFilterBoxes(classTypeId, state.controls->cboClassType.text());
     state.schemeManager.fillList();
     layOutControls(state);
 }

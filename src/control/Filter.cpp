@@ -312,10 +312,14 @@ bool Filter::GetCurPeriod(std::int32_t& CurYear, std::int32_t& CurPeriod, Date& 
         editor::AccountingPeriod period{false, CurYear, CurPeriod, dStartDate, dEndDate};
         const std::u16string props = state_->userProperties.text();
         editor::askCurrentPeriod(state_->factory, state_->classTypeId(), props, period);
-        CurYear = automation::toInt32(period.year);
-        CurPeriod = automation::toInt32(period.period);
-        dStartDate = automation::toDate(period.start);
+        // All four or none: a value of a wrong kind fails the call.
+        const std::int32_t year = automation::toInt32(period.year);
+        const std::int32_t number = automation::toInt32(period.period);
+        const Date start = automation::toDate(period.start);
         dEndDate = automation::toDate(period.end);
+        CurYear = year;
+        CurPeriod = number;
+        dStartDate = start;
         if (!period.known)
             state_->messages().warn(u"中间层调用失败！");
         return period.known;

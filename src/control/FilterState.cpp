@@ -154,7 +154,7 @@ bool FilterState::finishEdits() {
 }
 
 void FilterState::takeDataService(ObjectRef service) {
-    dataService = service;
+    ObjectRef(service).swap(dataService); // the old service may call back when it goes, and finds the new one
     catalogue_.reset();
     comparisons_.reset();
     allKeys = Dictionary();

@@ -4,10 +4,11 @@
 #include "automation/Coercion.h"
 #include "automation/TracedCall.h"
 #include "control/ClassTypeReload.h"
-#include "control/FlagScope.h"
 #include "control/SchemeEntry.h"
+#include "support/FlagScope.h"
 
 #include <algorithm>
+#include <vector>
 
 namespace orv::control {
 
@@ -16,6 +17,17 @@ using automation::Collection;
 using automation::Value;
 
 namespace {
+
+/// Laying the rows back needs the names: a host that fails does so before the lists change.
+void readFieldNames(FilterState& state) {
+    const auto catalogue = state.catalogue();
+    const metadata::PageSelection pages(state.selectedPages);
+    for (std::int32_t position = 1; position <= catalogue->count(); ++position) {
+        const metadata::FieldRef field = catalogue->field(position);
+        if (pages.contains(field->text(metadata::fieldKey::page)))
+            field->text(metadata::fieldKey::fieldName);
+    }
+}
 
 /// `FEntryType` of pages of which at most one takes part.
 constexpr std::int32_t exclusivePageType = 1;
@@ -51,17 +63,21 @@ void uncheckOtherExclusivePages(FilterState& state, int index) {
 } // namespace
 
 void rebuildPageBoxes(FilterState& state) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     const Collection pages = state.classTypeEntries;
     const std::int32_t count = pages ? pages.count() : 0;
+    // Asked first: the host may fail, or have the boxes rebuilt while it answers.
+    std::vector<std::u16string> captions;
+    for (std::int32_t page = 1; page <= count; ++page)
+        captions.push_back(pageCaption(state, pages, page));
     auto& boxes = state.controls->chkPage;
     state.pageSubscriptions.clear();
     boxes.resize(0);
-    for (std::int32_t page = 1; page <= count; ++page) {
-        std::u16string caption = pageCaption(state, pages, page);
+    for (std::u16string& caption : captions) {
+        const int index = boxes.count();
         ui::CheckBox& box = boxes.load();
         box.setCaption(std::move(caption));
-        state.pageSubscriptions.push_back(box.click.subscribe([&state, index = static_cast<int>(page) - 1] {
+        state.pageSubscriptions.push_back(box.click.subscribe([&state, index] {
             try {
                 automation::tracedEvent(state.trace, u"chkPage.click", [&] { pageClicked(state, index); });
             } catch (const AutomationError& error) {
@@ -70,14 +86,14 @@ void rebuildPageBoxes(FilterState& state) {
             }
         }));
     }
-    if (count > 0) {
+    if (boxes.count() > 0) {
         boxes(0).setValue(ui::CheckState::checked);
         boxes(0).setEnabled(false);
     }
 }
 
 void selectPages(FilterState& state, std::u16string_view pageList) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     state.selectedPages = pageList;
     const metadata::PageSelection selection(pageList);
     auto& boxes = state.controls->chkPage;
@@ -102,7 +118,7 @@ std::u16string pageListOfBoxes(const FilterState& state) {
 }
 
 void fixPageBoxes(FilterState& state) {
-    const FlagScope loading(state.loadingPages);
+    const support::FlagScope loading(state.loadingPages);
     auto& boxes = state.controls->chkPage;
     if (boxes.count() == 2) {
         boxes(1).setValue(ui::CheckState::checked);
@@ -116,14 +132,15 @@ void fixPageBoxes(FilterState& state) {
 void pageClicked(FilterState& state, int index) {
     if (state.handlingPageClick || state.loadingPages)
         return;
-    const FlagScope handling(state.handlingPageClick);
+    const support::FlagScope handling(state.handlingPageClick);
     const auto& boxes = state.controls->chkPage;
     state.finishEdits();
-    // Taken before the lists change: the rows are laid back on what the new selection offers.
-    const GridSettings settings = captureGrids(state);
     if (index == 0 || boxes(index).isChecked())
         uncheckOtherExclusivePages(state, index);
     state.selectedPages = pageListOfBoxes(state);
+    // Taken before the lists change: the rows are laid back on what the new selection offers.
+    const GridSettings settings = captureGrids(state);
+    readFieldNames(state);
     fillFieldLists(state);
     applyGrids(state, settings, editor::MissingField::dropsLine);
 }

@@ -3,6 +3,7 @@
 #include "automation/Coercion.h"
 #include "control/ClassTypeReload.h"
 #include "control/PageBoxes.h"
+#include "support/Letters.h"
 #include "support/PairList.h"
 
 namespace orv::control {
@@ -44,7 +45,7 @@ void applyRelationExt(FilterState& state, std::u16string_view list) {
     FilterControls& controls = *state.controls;
     for (int i = 1; i <= controls.cmbFilter.upperBound(); ++i) {
         const std::u16string key = panelFieldKey(state, controls.lblFilter(i));
-        const double stored = automation::Val(support::lookupPair(list, key));
+        const double stored = support::storedNumber(support::lookupPair(list, key));
         ui::ComboBox& box = controls.cmbFilter(i);
         if (box.count() > 0)
             box.setListIndex(stored > 0 && stored < box.count() ? static_cast<int>(stored) : 0);
@@ -54,7 +55,7 @@ void applyRelationExt(FilterState& state, std::u16string_view list) {
 /// An index beyond the list selects its last item, which is "all".
 void applyOption(ui::ComboBox& box, const std::u16string& stored) {
     // What is no number must not narrow the list: it counts as "all", too.
-    const double index = automation::isNumeric(stored) ? automation::Val(stored) : -1;
+    const double index = automation::isNumeric(stored) ? support::storedNumber(stored) : -1;
     box.setListIndex(index >= 0 && index < box.count() ? static_cast<int>(index) : box.count() - 1);
 }
 
@@ -65,8 +66,10 @@ GridSettings captureGrids(FilterState& state) {
 }
 
 void applyGrids(FilterState& state, const GridSettings& settings, editor::MissingField missing) {
-    state.conditionGrid.clearAll();
-    state.conditionGrid.loadConditionText(settings.Relation, missing);
+    if (support::Trim(settings.Relation).empty())
+        state.conditionGrid.clearAll();
+    else
+        state.conditionGrid.loadConditionText(settings.Relation, missing);
     for (const std::u16string& key : state.sortGrid.loadOrderBy(settings.OrderBy))
         state.log(u"排序字段 " + key + u" 未载入");
     initHideColumns(state);
@@ -98,7 +101,7 @@ void applySchemeEntry(FilterState& state, const Dictionary& entry) {
     const std::u16string pages = textOf(entry, u"SelPage", usualPages);
     const std::u16string options[] = {textOf(entry, u"cboTime", usualOption), textOf(entry, u"cboCheck", usualOption),
                                       textOf(entry, u"cboPost", usualOption)};
-    const bool showAll = automation::Val(textOf(entry, u"IsShowAllHead")) != 0;
+    const bool showAll = support::storedNumber(textOf(entry, u"IsShowAllHead")) != 0;
 
     selectPages(state, pages.empty() ? usualPages : pages);
     fillFieldLists(state);

@@ -33,12 +33,15 @@ std::u16string GetTakeBaseDataSQL(const Dictionary& dct, const Recordset& rsAll,
     const std::u16string sourceTable = entry(dct, u"FSrcTableName");
     const std::u16string joinedTable = textOf(rsAll.field(u"FSrcTableName"));
     const std::u16string alias = sourceTable + u"_" + joinedTable;
-    FDSPName = textOf(rsAll.field(u"FDSPFieldName"));
+    std::u16string displayField = textOf(rsAll.field(u"FDSPFieldName"));
     const std::u16string from = sourceTable + u" LEFT OUTER JOIN " + joinedTable + u" " + alias + u" ON " +
                                 textOf(rsAll.field(u"FTableName")) + u"." + textOf(rsAll.field(u"FFieldName")) + u"=" +
                                 alias + u"." + textOf(rsAll.field(u"FSRCFieldName")) + u"\r\n";
-    return u"SELECT " + alias + u"." + FDSPName + u" FROM " + from + u" WHERE  " + sourceTable + u"." +
-           entry(dct, u"FSRCFieldName") + u" =" + automation::numberToText(automation::Val(sValue));
+    std::u16string sql = u"SELECT " + alias + u"." + displayField + u" FROM " + from + u" WHERE  " + sourceTable +
+                         u"." + entry(dct, u"FSRCFieldName") + u" =" +
+                         automation::numberToText(automation::Val(sValue));
+    FDSPName = std::move(displayField);
+    return sql;
 }
 
 } // namespace orv::editor

@@ -95,7 +95,15 @@ void ConditionGrid::layOut() {
 }
 
 void ConditionGrid::setFieldList(const std::u16string& items) {
+    std::vector<int> chosen;
+    for (int row = 1; row <= grid_.maxRows(); ++row)
+        if (!grid_.text(column::field, row).empty())
+            chosen.push_back(row);
     grid_.setColumnComboList(column::field, items);
+    // A field that is not offered any more takes its comparison and value with it.
+    for (const int row : chosen)
+        if (row <= grid_.maxRows() && grid_.text(column::field, row).empty())
+            fieldCleared(row);
 }
 
 std::int32_t ConditionGrid::fieldPosition(int row) const {

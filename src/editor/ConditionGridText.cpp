@@ -1,15 +1,19 @@
 #include "editor/ConditionGrid.h"
 
+#include "automation/AutomationError.h"
 #include "automation/Coercion.h"
 #include "conditions/GridRows.h"
 #include "support/Dates.h"
 #include "support/Letters.h"
+#include "support/PairList.h"
 
 #include <algorithm>
+#include <optional>
 #include <unordered_map>
 
 namespace orv::editor {
 
+using automation::AutomationError;
 using conditions::ConditionRecord;
 using metadata::FieldRecord;
 using metadata::FieldRef;
@@ -61,22 +65,33 @@ std::u16string ConditionGrid::conditionText() const {
 void ConditionGrid::loadConditionText(std::u16string_view text, MissingField missing) {
     if (support::Trim(text).empty())
         return;
-    clearAll();
     const auto catalogue = host_.catalogue();
-    if (!catalogue)
+    if (!catalogue) {
+        clearAll();
         return;
+    }
+    // Asked before the grid is touched: a host that fails here leaves the conditions as they are.
     std::unordered_map<std::u16string, std::int32_t> positions;
     for (std::int32_t position = 1; position <= catalogue->count(); ++position) {
         const FieldRef field = catalogue->field(position);
         if (host_.onSelectedPage(*field))
             positions.try_emplace(support::toUpper(field->text(fieldKey::fieldName)), position);
     }
+    clearAll();
     const auto records = conditions::parseConditionText(text);
+    std::optional<AutomationError> failure;
     int row = 1;
     for (std::size_t i = 0; i < records.size() && row <= grid_.maxRows(); ++i) {
         const auto found = positions.find(support::toUpper(records[i].fieldName));
         if (found != positions.end()) {
-            loadRecord(records[i], found->second, row++);
+            try {
+                loadRecord(records[i], found->second, row++);
+            } catch (const AutomationError& error) {
+                // The line shows its field and cannot be translated; those below must not be lost with it, or the
+                // filter would be wider than the user was told.
+                if (!failure)
+                    failure = error;
+            }
             continue;
         }
         host_.log(u"条件行 " + automation::numberToText(static_cast<double>(i + 1)) + u" 未载入：字段 " +
@@ -84,6 +99,8 @@ void ConditionGrid::loadConditionText(std::u16string_view text, MissingField mis
         if (missing == MissingField::leavesLineEmpty)
             ++row;
     }
+    if (failure)
+        throw *failure;
 }
 
 void ConditionGrid::loadRecord(const ConditionRecord& record, std::int32_t position, int row) {
@@ -93,10 +110,10 @@ void ConditionGrid::loadRecord(const ConditionRecord& record, std::int32_t posit
     grid_.setText(column::left, row, record.left);
     grid_.setText(column::right, row, record.right);
     grid_.setText(column::logic, row, record.logic);
-    grid_.setComboSelection(column::comparison, row, automation::roundToInt32(automation::Val(record.comparison)));
+    grid_.setComboSelection(column::comparison, row, support::storedPosition(record.comparison));
     comboSelectionChange(column::comparison, row);
     if (isValueList(grid_, row)) {
-        grid_.setComboSelection(column::value, row, automation::roundToInt32(automation::Val(record.value)));
+        grid_.setComboSelection(column::value, row, support::storedPosition(record.value));
     } else if (grid_.cellType(column::value, row) == CellType::date) {
         // A text that is no date leaves a date-time empty; any other date cell takes it as it is.
         const bool isDate = automation::isDate(record.value);

@@ -52,11 +52,8 @@ bool SelectItem::mustGet() {
 }
 
 std::int32_t FieldCatalogue::count() {
-    if (!count_) {
+    if (!count_)
         count_ = selectList_ ? selectList_.count() : 0;
-        items_.resize(static_cast<std::size_t>(std::max<std::int32_t>(*count_, 0)));
-        fieldsByPosition_.resize(items_.size());
-    }
     return *count_;
 }
 
@@ -64,19 +61,24 @@ SelectItem& FieldCatalogue::item(std::int32_t position) {
     if (position < 1 || position > count())
         throw AutomationError::runtime(errorNumber::subscriptOutOfRange);
     const auto index = static_cast<std::size_t>(position - 1);
-    if (!items_[index]) {
+    if (index >= items_.size() || !items_[index]) {
         auto item = std::make_shared<SelectItem>(selectList_.record(position));
+        // Room is made for items that are there, not for as many as the list says it has.
+        items_.resize(std::max(items_.size(), index + 1));
         items_[index] = std::move(item);
     }
     return *items_[index];
 }
 
 FieldRef FieldCatalogue::field(std::int32_t position) {
+    const auto index = static_cast<std::size_t>(position - 1);
     const std::u16string& key = item(position).Fkey();
-    FieldRef& known = fieldsByPosition_[static_cast<std::size_t>(position - 1)];
-    if (!known)
-        known = fieldByKey(key);
-    return known;
+    if (index < fieldsByPosition_.size() && fieldsByPosition_[index])
+        return fieldsByPosition_[index];
+    FieldRef field = fieldByKey(key);
+    fieldsByPosition_.resize(std::max(fieldsByPosition_.size(), index + 1));
+    fieldsByPosition_[index] = field;
+    return field;
 }
 
 FieldRef FieldCatalogue::fieldByKey(const std::u16string& key) {

@@ -25,6 +25,11 @@ std::u16string textOf(const Value& value) {
     return value.isNull() ? std::u16string() : automation::toText(value);
 }
 
+Dictionary replacedRecord(const Value& left, const Dictionary& given) {
+    const auto* record = left.getIf<ObjectRef>();
+    return record != nullptr && *record ? Dictionary(*record) : given;
+}
+
 } // namespace
 
 Collection ProfileStorage::list(std::int32_t classTypeId) const {
@@ -44,8 +49,9 @@ void ProfileStorage::save(Dictionary& header, Dictionary& entry) const {
     Value entryRecord = entry.object();
     automation::call(update, u"SaveProfile", props_(), Argument::byReference(headerRecord),
                      Argument::byReference(entryRecord));
-    header = Dictionary(automation::toObject(headerRecord));
-    entry = Dictionary(automation::toObject(entryRecord));
+    // The scheme is saved by now: a component that leaves no record has not replaced the one that it was given.
+    header = replacedRecord(headerRecord, header);
+    entry = replacedRecord(entryRecord, entry);
 }
 
 bool ProfileStorage::remove(std::int32_t schemeId) const {

@@ -180,10 +180,16 @@ void SchemeManager::saveTo(const Target& target, SaveMode mode, std::int32_t sta
         storage_.save(header, entry);
         header_ = header;
         entry_ = entry;
-        showSaved(target);
     } catch (const AutomationError& error) {
         host_.log(error.description());
         host_.messages().warn(u"保存方案 [ %1 ] 失败！", target.name);
+        return;
+    }
+    try {
+        showSaved(target);
+    } catch (const AutomationError& error) {
+        // The scheme is saved: the list stays as it was until it is filled again.
+        host_.log(error.description());
     }
 }
 

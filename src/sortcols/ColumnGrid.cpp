@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <limits>
 #include <unordered_map>
 
 namespace orv::sortcols {
@@ -27,6 +28,13 @@ constexpr double twipsPerMillimetre = 1440.0 / 25.4;
 std::u16string widthText(double millimetres) {
     const double hundredths = std::nearbyint(millimetres * 100);
     return automation::numberToText(hundredths / 100);
+}
+
+/// A width in whole twips, ties to even. The user may have typed any number, which must not keep schemes from being
+/// saved.
+std::int32_t twipsOf(double millimetres) {
+    constexpr double most = std::numeric_limits<std::int32_t>::max();
+    return automation::roundToInt32(std::clamp(millimetres * twipsPerMillimetre, -most, most));
 }
 
 /// What the access table says of masks; each mask is asked once.
@@ -91,29 +99,36 @@ void ColumnGrid::layOut() {
 
 void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageSelection& pages,
                       const automation::Dictionary& accessTable) {
+    struct Column {
+        std::u16string caption;
+        std::u16string key;
+    };
+    // Asked first: the host may fail, or have the grid filled while it answers.
+    std::vector<Column> columns;
     AccessTable access(accessTable);
-    currentRow_ = 0;
-    grid_.setMaxRows(0);
-    grid_.setMaxRows(catalogue.count());
-    int row = 0;
     for (std::int32_t position = 1; position <= catalogue.count(); ++position) {
         const FieldRef field = catalogue.field(position);
-        if (access.hides(*field) || isInvisible(*field) || !pages.contains(field->text(fieldKey::page)))
-            continue;
+        if (!access.hides(*field) && !isInvisible(*field) && pages.contains(field->text(fieldKey::page)))
+            columns.push_back({field->text(fieldKey::caption), field->text(fieldKey::key)});
+    }
+
+    currentRow_ = 0;
+    grid_.setMaxRows(0);
+    grid_.setMaxRows(static_cast<int>(columns.size()));
+    int row = 0;
+    for (Column& column : columns) {
         ++row;
-        const std::u16string caption = field->text(fieldKey::caption);
-        for (const int column : {captionColumn, secondCaptionColumn})
-            grid_.setFormat(column, row, ui::plainFormat(CellType::staticText));
-        grid_.setText(captionColumn, row, std::u16string(support::GetPiece(caption, 1, u"+")));
-        grid_.setText(secondCaptionColumn, row, std::u16string(support::GetPiece(caption, 2, u"+")));
+        for (const int col : {captionColumn, secondCaptionColumn})
+            grid_.setFormat(col, row, ui::plainFormat(CellType::staticText));
+        grid_.setText(captionColumn, row, std::u16string(support::GetPiece(column.caption, 1, u"+")));
+        grid_.setText(secondCaptionColumn, row, std::u16string(support::GetPiece(column.caption, 2, u"+")));
         grid_.setFormat(shownColumn, row, ui::plainFormat(CellType::checkBox));
         grid_.setText(shownColumn, row, u"1");
         grid_.setText(widthColumn, row, usualWidth);
         grid_.setFormat(positionColumn, row, ui::plainFormat(CellType::wholeNumber));
         grid_.setText(positionColumn, row, automation::numberToText(row));
-        grid_.setText(keyColumn, row, field->text(fieldKey::key));
+        grid_.setText(keyColumn, row, std::move(column.key));
     }
-    grid_.setMaxRows(row);
     if (row > 0)
         grid_.setActiveCell(captionColumn, 1);
 }
@@ -157,8 +172,7 @@ ColumnLists ColumnGrid::lists() const {
     ColumnLists lists;
     for (int row = 1; row <= grid_.maxRows(); ++row) {
         const std::u16string& key = grid_.text(keyColumn, row);
-        support::appendPair(lists.ColWidth, key,
-                            automation::roundToInt32(grid_.number(widthColumn, row) * twipsPerMillimetre));
+        support::appendPair(lists.ColWidth, key, twipsOf(grid_.number(widthColumn, row)));
         support::appendPair(lists.ColHide, key, grid_.text(shownColumn, row));
         support::appendPair(lists.ColIndex, key, row);
     }
@@ -178,11 +192,11 @@ void ColumnGrid::applyLists(const ColumnLists& lists) {
     for (int row = 1; row <= grid_.maxRows(); ++row) {
         const std::u16string key = grid_.text(keyColumn, row);
         const std::u16string_view position = positions.value(key);
-        order.push_back({automation::Val(position), !position.empty(), row});
+        order.push_back({support::storedNumber(position), !position.empty(), row});
         if (const std::u16string_view shown = shownFlags.value(key); !shown.empty())
-            grid_.setText(shownColumn, row, automation::Val(shown) != 0 ? u"1" : u"0");
+            grid_.setText(shownColumn, row, support::storedNumber(shown) != 0 ? u"1" : u"0");
         if (const std::u16string_view twips = widths.value(key); !twips.empty())
-            grid_.setText(widthColumn, row, widthText(automation::Val(twips) / twipsPerMillimetre));
+            grid_.setText(widthColumn, row, widthText(support::storedNumber(twips) / twipsPerMillimetre));
     }
     std::ranges::stable_sort(order, [](const Row& a, const Row& b) {
         return a.saved != b.saved ? a.saved : a.saved && a.savedPosition < b.savedPosition;

@@ -1,6 +1,7 @@
 #include "sortcols/SortGrid.h"
 
 #include "automation/Coercion.h"
+#include "support/FlagScope.h"
 #include "support/Letters.h"
 #include "support/PaddedItem.h"
 #include "support/PairList.h"
@@ -74,12 +75,11 @@ std::u16string SortGrid::fieldKey(int row) const {
 void SortGrid::directionClicked(int column, int row) {
     if (settingDirections_ || (column != ascendingColumn && column != descendingColumn))
         return;
-    settingDirections_ = true;
+    const support::FlagScope setting(settingDirections_);
     grid_.setChecked(ascendingColumn, row, false);
     grid_.setChecked(descendingColumn, row, false);
     if (!support::Trim(grid_.text(fieldColumn, row)).empty())
         grid_.setChecked(column, row, true);
-    settingDirections_ = false;
 }
 
 void SortGrid::fieldChanged(int row) {
@@ -149,7 +149,7 @@ std::vector<std::u16string> SortGrid::loadOrderBy(std::u16string_view orderBy) {
         fieldChanged(row);
         if (fieldKey(row).empty())
             continue; // the field stands in an earlier row already
-        const bool ascending = automation::Val(support::GetPiece(pair, 2, u"=")) != 0;
+        const bool ascending = support::storedNumber(support::GetPiece(pair, 2, u"=")) != 0;
         grid_.setChecked(ascending ? ascendingColumn : descendingColumn, row, true);
         ++row;
     }

@@ -1,5 +1,7 @@
 #include "support/PairList.h"
 
+#include "automation/AutomationError.h"
+#include "automation/Coercion.h"
 #include "automation/NumberText.h"
 
 #include <cstddef>
@@ -52,6 +54,22 @@ std::u16string_view PairIndex::value(std::u16string_view key) {
 
 void appendPair(std::u16string& list, std::u16string_view key, std::u16string_view value) {
     list.append(key).append(u"=").append(value).append(schemeSeparator);
+}
+
+double storedNumber(std::u16string_view text) {
+    try {
+        return automation::Val(text);
+    } catch (const automation::AutomationError&) {
+        return 0;
+    }
+}
+
+int storedPosition(std::u16string_view text) {
+    try {
+        return automation::roundToInt32(automation::Val(text));
+    } catch (const automation::AutomationError&) {
+        return -1;
+    }
 }
 
 void appendPair(std::u16string& list, std::u16string_view key, std::int32_t value) {

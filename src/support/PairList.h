@@ -41,4 +41,9 @@ class PairIndex {
 void appendPair(std::u16string& list, std::u16string_view key, std::u16string_view value);
 void appendPair(std::u16string& list, std::u16string_view key, std::int32_t value);
 
+/// The number that a stored text begins with; 0 for one too large to be a number, so that a damaged scheme still loads.
+double storedNumber(std::u16string_view text);
+/// The same as a list position: -1, nothing selected, when no list could be as long.
+int storedPosition(std::u16string_view text);
+
 } // namespace orv::support

@@ -1,8 +1,8 @@
 #pragma once
 
 #include <algorithm>
-#include <cstdint>
 #include <functional>
+#include <iterator>
 #include <memory>
 #include <utility>
 #include <vector>
@@ -48,48 +48,64 @@ class Signal {
     ~Signal() { state_->handlers = nullptr; }
 
     [[nodiscard]] Subscription subscribe(Handler handler) {
-        const std::uint64_t id = ++state_->lastId;
-        auto handlers = state_->handlers ? std::make_shared<Handlers>(*state_->handlers) : std::make_shared<Handlers>();
-        handlers->push_back({id, std::make_shared<const Handler>(std::move(handler))});
-        state_->handlers = std::move(handlers);
-        return Subscription([weak = std::weak_ptr<State>(state_), id] {
-            if (auto state = weak.lock())
-                state->remove(id);
+        auto slot = std::make_shared<Slot>(std::move(handler));
+        auto handlers = std::make_shared<Handlers>();
+        if (state_->handlers)
+            std::ranges::copy_if(*state_->handlers, std::back_inserter(*handlers),
+                                 [](const auto& s) { return !s->ended; });
+        handlers->push_back(slot);
+        Subscription subscription([weak = std::weak_ptr<State>(state_), ended = std::weak_ptr<Slot>(slot)] {
+            const auto state = weak.lock();
+            const auto gone = ended.lock();
+            if (state && gone)
+                state->remove(*gone);
         });
+        // Last, when nothing can fail any more: a handler without its subscription could never be ended.
+        state_->handlers = std::move(handlers);
+        return subscription;
     }
 
     void raise(Args... args) const {
-        // The list is replaced, never changed, so a raise walks the one that it began with; nothing is allocated here.
-        const std::shared_ptr<const Handlers> atStart = state_->handlers;
+        // The list is not changed while it is walked; nothing is allocated here.
+        std::shared_ptr<Handlers> atStart = state_->handlers;
         if (!atStart)
             return;
-        const std::shared_ptr<const State> state = state_;
-        for (const Entry& entry : *atStart) {
-            if (state->handlers == atStart || state->contains(entry.id))
-                (*entry.handler)(args...);
+        const std::shared_ptr<State> state = state_;
+        for (const auto& slot : *atStart) {
+            if (!slot->ended && state->handlers)
+                slot->handler(args...);
         }
+        atStart.reset();
+        state->dropEnded();
     }
 
   private:
-    struct Entry {
-        std::uint64_t id;
-        std::shared_ptr<const Handler> handler;
+    struct Slot {
+        explicit Slot(Handler h) : handler(std::move(h)) {}
+        Handler handler;
+        bool ended = false;
     };
-    using Handlers = std::vector<Entry>;
+    using Handlers = std::vector<std::shared_ptr<Slot>>;
     struct State {
-        std::uint64_t lastId = 0;
-        std::shared_ptr<const Handlers> handlers; ///< null when there are none
+        std::shared_ptr<Handlers> handlers; ///< null when there are none
 
-        bool contains(std::uint64_t id) const {
-            return handlers && std::ranges::any_of(*handlers, [id](const Entry& e) { return e.id == id; });
+        /// Runs in destructors: allocates nothing.
+        void remove(Slot& slot) noexcept {
+            slot.ended = true;
+            dropEnded();
         }
-        void remove(std::uint64_t id) {
-            if (!contains(id))
-                return;
-            auto left = std::make_shared<Handlers>(*handlers);
-            std::erase_if(*left, [id](const Entry& e) { return e.id == id; });
-            // What the handler holds may end further subscriptions when it goes: by then the new list is in place.
-            const auto old = std::exchange(handlers, left->empty() ? nullptr : std::move(left));
+        /// Takes ended handlers out, unless a raise walks the list: it does so itself when it is done.
+        void dropEnded() noexcept {
+            while (handlers && handlers.use_count() == 1) {
+                const auto at = std::ranges::find_if(*handlers, [](const auto& s) { return s->ended; });
+                if (at == handlers->end())
+                    return;
+                // What the handler holds may end further subscriptions when it goes: by then it is out of the list.
+                const std::shared_ptr<Slot> gone = std::move(*at);
+                handlers->erase(at);
+                if (handlers->empty())
+                    handlers = nullptr;
+            }
         }
     };
     std::shared_ptr<State> state_ = std::make_shared<State>();

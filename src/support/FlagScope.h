@@ -2,7 +2,7 @@
 
 #include <utility>
 
-namespace orv::control {
+namespace orv::support {
 
 /// Sets a flag for the length of a scope.
 class FlagScope {
@@ -17,4 +17,4 @@ class FlagScope {
     bool before_;
 };
 
-} // namespace orv::control
+} // namespace orv::support
