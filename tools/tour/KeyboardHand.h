@@ -1,0 +1,32 @@
+#pragma once
+
+#include "tour/Hand.h"
+#include "tour/Report.h"
+
+namespace orv::tour {
+
+class KeyboardHand final : public Hand {
+  public:
+    KeyboardHand(const FilterScreen& screen, Report& report) : Hand(screen), report_(report) {}
+
+    void go(int column, int row) override;
+    void choose(int column, int row, const std::wstring& caption) override;
+    void enter(int column, int row, const std::wstring& text) override;
+    void toggle(int column, int row) override;
+    void openPage(int page) override;
+    void pressButton(HWND button) override;
+    void pressTool(int tool) override;
+    void select(HWND combo, const std::wstring& caption) override;
+    void openScheme(const std::wstring& name) override;
+    void lookUp(int column, int row, const std::wstring& number) override;
+    void accept() override;
+
+  private:
+    enum class Direction { forward, back };
+    /// Presses Tab until the keyboard is in a part of the dialog. Tabs, schemes and toolbar stand before the grid.
+    void tabTo(HWND part, const std::string& name, Direction direction = Direction::forward);
+
+    Report& report_;
+};
+
+} // namespace orv::tour
