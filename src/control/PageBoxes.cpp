@@ -6,6 +6,7 @@
 #include "control/ClassTypeReload.h"
 #include "control/SchemeEntry.h"
 #include "support/FlagScope.h"
+#include "support/Letters.h"
 
 #include <algorithm>
 #include <vector>
@@ -140,7 +141,8 @@ void pageClicked(FilterState& state, int index) {
     state.selectedPages = pageListOfBoxes(state);
     // Taken before the lists change: the rows are laid back on what the new selection offers.
     const GridSettings settings = captureGrids(state);
-    readFieldNames(state);
+    if (!support::Trim(settings.Relation).empty())
+        readFieldNames(state);
     fillFieldLists(state);
     applyGrids(state, settings, editor::MissingField::dropsLine);
 }
