@@ -2,10 +2,11 @@
 
 #include <objbase.h>
 #include <oleauto.h>
-#include <psapi.h>
 #include <tlhelp32.h>
 
 #include <atomic>
+#include <cstdint>
+#include <iterator>
 #include <stdexcept>
 
 extern "C" void WINAPI SetOaNoCache(void);
@@ -69,17 +70,35 @@ long LiveBlocks::count() noexcept {
 }
 
 std::size_t privateBytes() {
-    PROCESS_MEMORY_COUNTERS_EX counters{};
-    if (!GetProcessMemoryInfo(GetCurrentProcess(), reinterpret_cast<PROCESS_MEMORY_COUNTERS*>(&counters),
-                              sizeof counters))
-        throw std::runtime_error("the process does not tell its memory");
-    return counters.PrivateUsage;
+    std::size_t bytes = 0;
+    MEMORY_BASIC_INFORMATION part{};
+    for (char* at = nullptr; VirtualQuery(at, &part, sizeof part) == sizeof part;
+         at = static_cast<char*>(part.BaseAddress) + part.RegionSize)
+        if (part.State == MEM_COMMIT && part.Type == MEM_PRIVATE)
+            bytes += part.RegionSize;
+    return bytes;
 }
 
-DWORD openHandles() {
-    DWORD count = 0;
-    if (!GetProcessHandleCount(GetCurrentProcess(), &count))
-        throw std::runtime_error("the process does not tell its handles");
+std::size_t heapBlocks() {
+    HANDLE heaps[64];
+    const DWORD count = GetProcessHeaps(static_cast<DWORD>(std::size(heaps)), heaps);
+    std::size_t blocks = 0;
+    for (DWORD i = 0; i < count && i < std::size(heaps); ++i) {
+        PROCESS_HEAP_ENTRY entry{};
+        while (HeapWalk(heaps[i], &entry))
+            blocks += (entry.wFlags & PROCESS_HEAP_ENTRY_BUSY) != 0 ? 1U : 0U;
+    }
+    return blocks;
+}
+
+int openHandles() {
+    // The process's own counter is a stub on some systems: every value that could be a handle is tried.
+    constexpr std::uintptr_t highest = 0x4000;
+    int count = 0;
+    for (std::uintptr_t value = 4; value < highest; value += 4) {
+        DWORD flags = 0;
+        count += GetHandleInformation(reinterpret_cast<HANDLE>(value), &flags) ? 1 : 0;
+    }
     return count;
 }
 

@@ -19,10 +19,12 @@ class LiveBlocks {
     static long count() noexcept;
 };
 
-/// Memory of the process that no other shares, in bytes.
+/// Committed memory of the process that no other shares, in bytes.
 std::size_t privateBytes();
+/// Blocks in use on all heaps of the process, those of the C++ runtimes included.
+std::size_t heapBlocks();
 /// Handles that the process holds open.
-DWORD openHandles();
+int openHandles();
 /// Threads that run in the process.
 DWORD runningThreads();
 

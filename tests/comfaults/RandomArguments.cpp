@@ -19,25 +19,28 @@ constexpr DISPID oddNames[] = {0, 1, 2, 3, 4, -1, DISPID_PROPERTYPUT, 1000, stat
 
 } // namespace
 
-RandomArguments::RandomArguments(std::mt19937& random, const std::vector<IDispatch*>& objects)
+RandomArguments::RandomArguments(std::mt19937& random, const std::vector<IDispatch*>& objects,
+                                 std::optional<CallShape> shape)
     : random_(random), objects_(objects) {
-    const std::size_t count = below(8) == 0 ? below(9) : below(5);
+    const std::size_t count = shape ? shape->count : below(8) == 0 ? below(9) : below(5);
     for (std::size_t i = 0; i < count; ++i)
         arguments_.push_back(value(0));
     before_ = arguments_;
     for (const VARIANT& argument : arguments_)
         texts_.emplace_back(V_VT(&argument) == VT_BSTR ? viewOf(V_BSTR(&argument)) : std::u16string_view());
-    const std::size_t named = below(4) == 0 ? below(count + 2) : 0;
+    const std::size_t named = !shape && below(3) == 0 ? below(count + 2) : 0;
     for (std::size_t i = 0; i < named; ++i)
         names_.push_back(oddNames[below(std::size(oddNames))]);
-    if (below(4) == 0)
+    if (shape ? shape->isWrite : below(4) == 0)
         names_.assign(1, DISPID_PROPERTYPUT);
     parameters_ = {arguments_.data(), names_.data(), static_cast<UINT>(count), static_cast<UINT>(names_.size())};
-    if (below(50) == 0)
+    if (shape)
+        return;
+    if (below(20) == 0)
         parameters_.rgvarg = nullptr;
-    if (below(50) == 0)
+    if (below(20) == 0)
         parameters_.rgdispidNamedArgs = nullptr;
-    isNull_ = below(200) == 0;
+    isNull_ = below(100) == 0;
 }
 
 RandomArguments::~RandomArguments() {

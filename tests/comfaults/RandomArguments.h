@@ -4,17 +4,25 @@
 #include "windows/com/Handles.h"
 
 #include <deque>
+#include <optional>
 #include <random>
 #include <string>
 #include <vector>
 
 namespace orv::windows::test {
 
+/// How many arguments a call takes, and whether the last one is a property's new value.
+struct CallShape {
+    std::size_t count;
+    bool isWrite;
+};
+
 /// The arguments of one call, drawn at random: values of every type, references to them and to nothing, arrays, types
 /// that do not exist. What they refer to lives as long as they do.
 class RandomArguments {
   public:
-    RandomArguments(std::mt19937& random, const std::vector<IDispatch*>& objects);
+    /// Without a `shape` the lists are as wrong as the values.
+    RandomArguments(std::mt19937& random, const std::vector<IDispatch*>& objects, std::optional<CallShape> shape);
     RandomArguments(const RandomArguments&) = delete;
     RandomArguments& operator=(const RandomArguments&) = delete;
     ~RandomArguments();

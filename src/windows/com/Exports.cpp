@@ -31,10 +31,9 @@ HRESULT install(bool add, RegistrationScope scope) noexcept {
 } // namespace
 
 BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
-    if (reason == DLL_PROCESS_ATTACH) {
+    // Calls for threads stay on: the runtime in this DLL frees with them what it keeps for each thread.
+    if (reason == DLL_PROCESS_ATTACH)
         module::setInstance(instance);
-        DisableThreadLibraryCalls(instance);
-    }
     return TRUE;
 }
 
