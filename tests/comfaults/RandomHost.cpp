@@ -16,6 +16,8 @@ HRESULT STDAPICALLTYPE cannotFillIn(EXCEPINFO*) {
     return E_OUTOFMEMORY;
 }
 
+// No name of a file: the control writes a trace where its settings say so.
+constexpr wchar_t someText[] = L"1,2|*";
 constexpr SCODE codes[] = {
     0, 1, E_FAIL, static_cast<SCODE>(0x800A0005), static_cast<SCODE>(0x800A0000), DISP_E_EXCEPTION, 0x7FFFFFFF};
 constexpr HRESULT results[] = {E_FAIL,        E_UNEXPECTED,    E_NOTIMPL,           DISP_E_MEMBERNOTFOUND,
@@ -61,7 +63,7 @@ void RandomHost::answer(VARIANT& result) {
         V_VT(&result) = VT_NULL;
         return;
     case 1:
-        V_BSTR(&result) = below(3) == 0 ? nullptr : SysAllocString(L"1,2");
+        V_BSTR(&result) = below(3) == 0 ? nullptr : SysAllocString(someText);
         V_VT(&result) = VT_BSTR;
         return;
     case 2:
