@@ -17,8 +17,9 @@ constexpr int tabHeight = 26;
 constexpr int toolbarHeight = 28;
 constexpr int captionHeight = 18;
 constexpr int buttonWidth = 64;
-constexpr int hideButtonWidth = 76;
-constexpr int classTypeLabelWidth = 60;
+constexpr int hideButtonWidth = 76;     ///< at least
+constexpr int classTypeLabelWidth = 60; ///< at least
+constexpr int buttonPadding = 16;       ///< both sides of a button's text together
 constexpr int classTypeBoxWidth = 240;
 // Labels and boxes of the options and of the panel below stand in the same columns.
 constexpr int pairLabelWidth = 56;
@@ -93,7 +94,8 @@ class Composer {
     }
 
     void placeClassType(Rect line) {
-        show(out_.lblClassType, takeLeft(line, px(classTypeLabelWidth)));
+        const int width = std::min(px(std::max(classTypeLabelWidth, in_.classTypeLabelText)), line.width / 2);
+        show(out_.lblClassType, takeLeft(line, width));
         line.width = std::min(line.width, px(classTypeBoxWidth));
         show(out_.cboClassType, line);
     }
@@ -222,7 +224,7 @@ class Composer {
 
     void placeColumns(Rect area) {
         show(out_.chkIsShowAll, takeBottom(area, px(lineHeight)));
-        const int width = std::min(px(hideButtonWidth), area.width / 2);
+        const int width = std::min(px(std::max(hideButtonWidth, in_.hideButtonText + buttonPadding)), area.width / 2);
         const int count = static_cast<int>(out_.cmdHide.size());
         const int space = std::min(px(gap), std::max((area.height - count * px(captionHeight)) / count, 0));
         const int height = std::min(px(lineHeight), (area.height - (count - 1) * space) / count);
@@ -243,6 +245,15 @@ class Composer {
 };
 
 } // namespace
+
+int captionWidth(std::u16string_view caption) {
+    constexpr int latinWidth = 7;
+    constexpr int wideWidth = 13;
+    int width = 0;
+    for (const char16_t unit : caption)
+        width += unit < 0x1100 ? latinWidth : wideWidth;
+    return width;
+}
 
 Geometry computeGeometry(const GeometryInput& input) {
     return Composer(input).compose();

@@ -4,6 +4,7 @@
 
 #include <array>
 #include <cstdint>
+#include <string_view>
 #include <vector>
 
 namespace orv::control {
@@ -22,10 +23,12 @@ enum class TabPage : std::uint8_t { conditions, sort, columns };
 struct GeometryInput {
     ControlSize size;
     TabPage page = TabPage::conditions;
-    bool schemeList = false;  ///< schemes are in use
-    bool optionBoxes = false; ///< the class type has quick filters
-    int pageBoxes = 0;        ///< pages of the class type
-    int panelPairs = 0;       ///< drop-downs of the filter panel
+    bool schemeList = false;    ///< schemes are in use
+    bool optionBoxes = false;   ///< the class type has quick filters
+    int pageBoxes = 0;          ///< pages of the class type
+    int panelPairs = 0;         ///< drop-downs of the filter panel
+    int classTypeLabelText = 0; ///< pixels at 96 dots an inch that the label's text takes
+    int hideButtonText = 0;     ///< and the longest text of the column buttons
 };
 
 /// Where a control stands; an empty rectangle where there is no room for it.
@@ -48,6 +51,10 @@ struct Geometry {
     std::vector<Placement> lblFilter, cmbFilter;
     int pageScrollMaximum = 0; ///< of `vsPage`, in its steps
 };
+
+/// Pixels at 96 dots an inch that a caption takes at most: half a letter's height for Latin letters, a whole one for
+/// Chinese ones. Translated captions differ in length, and no font is known here.
+int captionWidth(std::u16string_view caption);
 
 /// The smallest size at 96 dots an inch for which the geometry is made; a smaller control is laid out as that size.
 inline constexpr int minimumWidth = 320;

@@ -3,6 +3,8 @@
 #include "control/ClassTypeReload.h"
 #include "control/Geometry.h"
 
+#include <algorithm>
+
 namespace orv::control {
 
 namespace {
@@ -29,6 +31,9 @@ void layOutControls(FilterState& state) {
     input.optionBoxes = state.optionBoxes;
     input.pageBoxes = controls.chkPage.count();
     input.panelPairs = controls.cmbFilter.count();
+    input.classTypeLabelText = captionWidth(controls.lblClassType.caption());
+    for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
+        input.hideButtonText = std::max(input.hideButtonText, captionWidth(controls.cmdHide(i).caption()));
     const Geometry g = computeGeometry(input);
 
     controls.UserControl.setBounds({0, 0, state.size.width, state.size.height});

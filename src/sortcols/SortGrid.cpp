@@ -54,7 +54,7 @@ void SortGrid::layOut() {
     grid_.setText(descendingColumn, 0, u"降序");
     grid_.setColumnWidth(fieldColumn, 30);
     for (const int column : {ascendingColumn, descendingColumn})
-        grid_.setColumnWidth(column, 8);
+        grid_.setColumnWidth(column, 11);
     for (int row = 1; row <= rowCount; ++row) {
         grid_.setFormat(fieldColumn, row, ui::plainFormat(CellType::comboBox));
         hideDirections(row);

@@ -130,6 +130,22 @@ TEST(Geometry, GivesTheGridTheSpaceThatIsLeft) {
     EXPECT_GE(wide.vsFilter.bounds.height, 700);
 }
 
+TEST(Geometry, MakesRoomForLongerCaptions) {
+    for (const auto& [width, widest] : {std::pair{900, 105}, {320, 300}}) {
+        GeometryInput input{{width, 400, 1}, TabPage::columns};
+        input.classTypeLabelText = input.hideButtonText = widest;
+        const Geometry g = computeGeometry(input);
+        expectApartWithin(onControl(g), width, 400);
+        EXPECT_GE(g.cboClassType.bounds.width, 120);
+        EXPECT_GE(g.vsHideColumn.bounds.width, 120);
+        if (width == 900) {
+            EXPECT_GE(g.lblClassType.bounds.width, widest);
+            EXPECT_GE(g.cmdHide[4].bounds.width, widest);
+        }
+    }
+    EXPECT_LE(captionWidth(u"单据类型"), 60) << "the usual labels keep their places";
+}
+
 TEST(Geometry, ScrollsPagesThatDoNotFit) {
     const Geometry few = computeGeometry({{640, 400, 1}, TabPage::conditions, false, false, 5, 0});
     EXPECT_FALSE(few.vsPage.visible);
