@@ -84,11 +84,14 @@ void ConditionGrid::loadConditionText(std::u16string_view text, MissingField mis
     for (std::size_t i = 0; i < records.size() && row <= grid_.maxRows(); ++i) {
         const auto found = positions.find(support::toUpper(records[i].fieldName));
         if (found != positions.end()) {
+            const int line = row++;
             try {
-                loadRecord(records[i], found->second, row++);
+                loadRecord(records[i], found->second, line);
             } catch (const AutomationError& error) {
-                // The line shows its field and cannot be translated; those below must not be lost with it, or the
-                // filter would be wider than the user was told.
+                // The line shows its field without a comparison, which no filter text is made of; those below it must
+                // not be lost with it, or the filter would be wider than the user was told.
+                grid_.setComboSelection(column::comparison, line, -1);
+                comparisonChanged(line);
                 if (!failure)
                     failure = error;
             }

@@ -31,9 +31,10 @@ class WatchedObject final : public automation::Object {
     WatchedObject(ObjectRef inner, Strike& strike) : inner_(std::move(inner)), strike_(strike) {}
 
     Value invoke(std::u16string_view member, InvokeKind kind, Arguments arguments) override {
-        const InHost running(strike_);
-        if (strike_.called(member.empty() ? inner_->typeName() : member))
+        // What the host's own code asks of its records is no call of the control's.
+        if (strike_.inHost == 0 && strike_.called(member.empty() ? inner_->typeName() : member))
             return *strike_.spoiled;
+        const InHost running(strike_);
         Value answer = inner_->invoke(member, kind, arguments);
         const auto* object = answer.getIf<ObjectRef>();
         return object != nullptr && *object ? Value(ObjectRef(std::make_shared<WatchedObject>(*object, strike_)))
@@ -103,14 +104,14 @@ ObjectRef FaultyHost::watched(ObjectRef object) {
 }
 
 ObjectRef FaultyHost::create(std::u16string_view progId) {
-    const InHost running(strike);
     strike.called(progId);
+    const InHost running(strike);
     return watched(erp_->create(progId));
 }
 
 ObjectRef FaultyHost::shared(std::u16string_view progId) {
-    const InHost running(strike);
     strike.called(progId);
+    const InHost running(strike);
     return watched(erp_->shared(progId));
 }
 
@@ -128,8 +129,10 @@ void FaultyHost::calledFromBox(std::u16string_view kind) {
 }
 
 ui::MessageAnswer FaultyHost::message(const std::u16string& text, std::int32_t style, const std::u16string&) {
-    const InHost running(strike);
-    messages.push_back(text);
+    {
+        const InHost running(strike);
+        messages.push_back(text);
+    }
     calledFromBox(u"a message box");
     return style == ui::messageStyle::yesNoInformation ? ui::MessageAnswer::yes : ui::MessageAnswer::ok;
 }

@@ -16,11 +16,11 @@ using control::Filter;
 
 namespace {
 
-ui::Spread& conditions(Filter& filter) {
+ui::Spread& conditionGrid(Filter& filter) {
     return filter.controls().vsFilter;
 }
 
-void start(Filter& filter, FaultyHost& host) {
+void handDataService(Filter& filter, FaultyHost& host) {
     filter.put_DataSrv(host.dataService(receipts));
 }
 
@@ -32,36 +32,36 @@ void lookUp(Filter& filter, FaultyHost& host, int line, int field) {
     chosen.set(u"FGroupID", std::int32_t{101});
     host.erp().clearLookUps();
     host.erp().queueLookUp(chosen);
-    conditions(filter).userChoose(2, line, field);
-    conditions(filter).setActiveCell(4, line);
-    conditions(filter).userKeyDown(ui::key::f7, 0);
+    conditionGrid(filter).userChoose(2, line, field);
+    conditionGrid(filter).setActiveCell(4, line);
+    conditionGrid(filter).userKeyDown(ui::key::f7, 0);
     host.erp().clearLookUps();
 }
 
 // Fields in the order in which the lists of the usual pages offer them, behind the empty item.
-constexpr int number = 1;
-constexpr int kind = 2;
-constexpr int date = 3;
-constexpr int account = 4;
+constexpr int numberField = 1;
+constexpr int kindField = 2;
+constexpr int dateField = 3;
+constexpr int accountField = 4;
 
-constexpr Step editing[] = {
-    {"DataSrv", Actor::raiser, start},
+constexpr Step editingSteps[] = {
+    {"DataSrv", Actor::raiser, handDataService},
     {"Initialize", Actor::caller, [](Filter& f, FaultyHost&) { f.Initialize(u"1000201"); }},
-    {"a field", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(2, 1, number); }},
-    {"a value", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userType(4, 1, u"A"); }},
-    {"a list field", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(2, 2, kind); }},
-    {"a list value", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(4, 2, 1); }},
-    {"a queried list", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(3, 2, 1); }},
-    {"a date field", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(2, 3, date); }},
-    {"a keyword", Actor::user, [](Filter& f, FaultyHost&) { conditions(f).userChoose(3, 3, 1); }},
+    {"a field", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(2, 1, numberField); }},
+    {"a value", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userType(4, 1, u"A"); }},
+    {"a list field", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(2, 2, kindField); }},
+    {"a list value", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(4, 2, 1); }},
+    {"a queried list", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(3, 2, 1); }},
+    {"a date field", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(2, 3, dateField); }},
+    {"a keyword", Actor::user, [](Filter& f, FaultyHost&) { conditionGrid(f).userChoose(3, 3, 1); }},
     {"an account", Actor::user,
      [](Filter& f, FaultyHost&) {
-         conditions(f).userChoose(2, 4, account);
-         conditions(f).userType(4, 4, u"1001");
+         conditionGrid(f).userChoose(2, 4, accountField);
+         conditionGrid(f).userType(4, 4, u"1001");
      }},
     {"an inserted line", Actor::user,
      [](Filter& f, FaultyHost&) {
-         conditions(f).setActiveCell(2, 2);
+         conditionGrid(f).setActiveCell(2, 2);
          f.controls().cmdInsert.press();
          f.controls().cmdDel.press();
      }},
@@ -90,15 +90,15 @@ constexpr Step editing[] = {
      }},
     {"a line without a field", Actor::user,
      [](Filter& f, FaultyHost&) {
-         conditions(f).userChoose(1, 9, 1);
-         conditions(f).setActiveCell(2, 9);
-         conditions(f).userMoveTo(2, 1);
+         conditionGrid(f).userChoose(1, 9, 1);
+         conditionGrid(f).setActiveCell(2, 9);
+         conditionGrid(f).userMoveTo(2, 1);
      }},
 };
 
-constexpr Step results[] = {
+constexpr Step resultSteps[] = {
     {"dctControl", Actor::raiser, [](Filter& f, FaultyHost& h) { f.put_dctControl(h.erp().defaultSettings()); }},
-    {"DataSrv", Actor::raiser, start},
+    {"DataSrv", Actor::raiser, handDataService},
     {"Initialize", Actor::caller, [](Filter& f, FaultyHost&) { f.Initialize(); }},
     {"a sort field", Actor::user, [](Filter& f, FaultyHost&) { f.controls().vsOrder.userChoose(1, 1, 1); }},
     {"GetSortString", Actor::raiser,
@@ -132,9 +132,9 @@ constexpr Step results[] = {
                                   service ? automation::get(service, u"rsAllBase") : automation::Value())),
                               u"1", name);
      }},
-    {"a base-data look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 1, number); }},
-    {"an account look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 2, account); }},
-    {"a field without look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 3, date); }},
+    {"a base-data look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 1, numberField); }},
+    {"an account look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 2, accountField); }},
+    {"a field without look-up", Actor::user, [](Filter& f, FaultyHost& h) { lookUp(f, h, 3, dateField); }},
     {"a wide column", Actor::user,
      [](Filter& f, FaultyHost&) {
          ui::Spread& columns = f.controls().vsHideColumn;
@@ -149,14 +149,14 @@ constexpr Step results[] = {
      [](Filter& f, FaultyHost&) { f.controls().cboClassType.userSelect(f.controls().cboClassType.count() - 1); }},
 };
 
-constexpr Step schemes[] = {
+constexpr Step schemeSteps[] = {
     {"dctControl", Actor::raiser, [](Filter& f, FaultyHost& h) { f.put_dctControl(h.erp().defaultSettings()); }},
-    {"DataSrv", Actor::raiser, start},
+    {"DataSrv", Actor::raiser, handDataService},
     {"Initialize", Actor::caller, [](Filter& f, FaultyHost&) { f.Initialize(); }},
     {"a condition", Actor::user,
      [](Filter& f, FaultyHost&) {
-         conditions(f).userChoose(2, 1, number);
-         conditions(f).userType(4, 1, u"A");
+         conditionGrid(f).userChoose(2, 1, numberField);
+         conditionGrid(f).userType(4, 1, u"A");
      }},
     {"save as", Actor::user,
      [](Filter& f, FaultyHost& h) {
@@ -185,12 +185,12 @@ constexpr Step schemes[] = {
     {"ClearMem", Actor::caller, [](Filter& f, FaultyHost&) { f.ClearMem(); }},
 };
 
-constexpr Session all[] = {{"editing", editing}, {"results", results}, {"schemes", schemes}};
+constexpr Session allSessions[] = {{"editing", editingSteps}, {"results", resultSteps}, {"schemes", schemeSteps}};
 
 } // namespace
 
 std::span<const Session> sessions() {
-    return all;
+    return allSessions;
 }
 
 bool isFullSweep() {

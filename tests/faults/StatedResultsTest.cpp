@@ -8,6 +8,7 @@
 #include <gtest/gtest.h>
 
 #include <functional>
+#include <vector>
 
 // What a user or a host is told when the k-th call of one action fails, for every k: a failed save is one that was not
 // made, a filter is never part of the conditions, by-reference arguments change together or not at all.
@@ -56,11 +57,18 @@ class StatedResults : public ::testing::Test {
         host.strike.calls = 0;
         host.strike.at = at_;
     }
-    int storedSchemes() {
-        return automation::Collection(
-                   automation::toObject(automation::call(erp_->create(u"ORVMProfile.classInfo"), u"GetProfileList",
-                                                         erp_->props(), std::int32_t{receipts})))
-            .count();
+    /// The identifiers of the stored schemes.
+    std::vector<std::int32_t> stored() {
+        const automation::Collection rows(automation::toObject(automation::call(
+            erp_->create(u"ORVMProfile.classInfo"), u"GetProfileList", erp_->props(), std::int32_t{receipts})));
+        std::vector<std::int32_t> ids;
+        for (std::int32_t i = 1; i <= rows.count(); ++i)
+            ids.push_back(automation::toInt32(rows.record(i).get(u"FSchemeID")));
+        return ids;
+    }
+    void deleteStored() {
+        for (const std::int32_t id : stored())
+            automation::call(erp_->create(u"ORVMProfile.classUpdate"), u"DelProfile", erp_->props(), id);
     }
 
     std::shared_ptr<erp::ErpHost> erp_ = openSmallErp();
@@ -71,6 +79,46 @@ class StatedResults : public ::testing::Test {
     Dictionary settings_;
     int at_ = 0;
 };
+
+TEST_F(StatedResults, ASaveIsReportedAsFailedWhenNothingWasSaved) {
+    int saves = 0;
+    failEveryCall(
+        [&] {
+            deleteStored();
+            ASSERT_TRUE(filter.Initialize()); // an empty list: saving asks for a name
+            host.schemeName = u"甲";
+            begin();
+            filter.controls().tlbProject.userClick(u"TLBSAVE");
+        },
+        [&](bool) {
+            const bool saved = !stored().empty();
+            const bool toldOfFailure = !host.messages.empty() && host.messages.back().ends_with(u"失败！");
+            saves += saved ? 1 : 0;
+            EXPECT_FALSE(saved && toldOfFailure) << toUtf8(host.messages.back());
+        });
+    EXPECT_GT(saves, 2) << "nothing failed behind a save";
+}
+
+TEST_F(StatedResults, AFilterIsNeverPartOfTheConditions) {
+    ui::Spread& grid = filter.controls().vsFilter;
+    grid.setComboSelection(8, 1, 0);
+    grid.userChoose(2, 2, 4);
+    grid.userType(4, 2, u"1001");
+    const std::u16string all = filterText(filter);
+    ASSERT_TRUE(all.starts_with(u" ( t.FNo= 'A'   AND")) << toUtf8(all);
+    const Dictionary entry = filter.get_dctProFileEntry();
+    failEveryCall(
+        [&] {
+            filter.put_DataSrv(host.dataService(receipts)); // nothing of the fields is known yet
+            begin();
+            filter.RefreshProfile(entry);
+        },
+        [&](bool) {
+            const std::u16string text = filterText(filter);
+            EXPECT_TRUE(text == all || text.starts_with(u"error ")) << toUtf8(text);
+        });
+    EXPECT_EQ(filterText(filter), all);
+}
 
 TEST_F(StatedResults, ByReferenceArgumentsChangeTogetherOrNotAtAll) {
     failEveryCall(
