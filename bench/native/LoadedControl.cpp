@@ -6,6 +6,7 @@
 
 #include <stdexcept>
 #include <string_view>
+#include <utility>
 
 namespace orv::bench {
 
@@ -26,7 +27,9 @@ void choose(ui::Spread& grid, int col, int row, std::u16string_view caption) {
 
 } // namespace
 
-LoadedControl::LoadedControl(std::int32_t fields) : host(fields) {
+LoadedControl::LoadedControl(std::int32_t fields) : LoadedControl(std::make_shared<LargeHost>(fields)) {}
+
+LoadedControl::LoadedControl(std::shared_ptr<LargeHost> usedHost) : sharedHost(std::move(usedHost)) {
     filter.put_dctControl(automation::makeDictionary());
     filter.put_DataSrv(host.dataService(firstLargeClassType));
     filter.put_SetSelectPageList(u",1*,2,");

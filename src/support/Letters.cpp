@@ -50,17 +50,7 @@ std::u16string replaceFound(std::u16string_view text, std::u16string_view what, 
 
 } // namespace
 
-std::u16string_view Trim(std::u16string_view text) noexcept {
-    while (!text.empty() && text.front() == u' ')
-        text.remove_prefix(1);
-    while (!text.empty() && text.back() == u' ')
-        text.remove_suffix(1);
-    return text;
-}
-
-char16_t toUpper(char16_t unit) noexcept {
-    if (unit < 0x80)
-        return unit >= u'a' && unit <= u'z' ? shifted(unit) : unit;
+char16_t toUpperBeyondAscii(char16_t unit) noexcept {
     if (unit >= 0xE0 && unit <= 0xFE)
         return unit == u'\u00F7' ? unit : shifted(unit); // the division sign is no letter
     if (unit == u'\u00FF')

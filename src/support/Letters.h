@@ -9,9 +9,22 @@
 namespace orv::support {
 
 /// The text without leading and trailing blanks (U+0020 only: tabs and line ends stay).
-std::u16string_view Trim(std::u16string_view text) noexcept;
+constexpr std::u16string_view Trim(std::u16string_view text) noexcept {
+    while (!text.empty() && text.front() == u' ')
+        text.remove_prefix(1);
+    while (!text.empty() && text.back() == u' ')
+        text.remove_suffix(1);
+    return text;
+}
 
-char16_t toUpper(char16_t unit) noexcept;
+/// The upper case of a unit beyond ASCII.
+char16_t toUpperBeyondAscii(char16_t unit) noexcept;
+
+inline char16_t toUpper(char16_t unit) noexcept {
+    if (unit < 0x80)
+        return unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 0x20) : unit;
+    return toUpperBeyondAscii(unit);
+}
 std::u16string toUpper(std::u16string_view text);
 
 bool equalIgnoringCase(std::u16string_view a, std::u16string_view b) noexcept;
