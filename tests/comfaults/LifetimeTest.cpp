@@ -96,9 +96,10 @@ TEST(Lifetime, TwoHundredLoadsOfTheDllUnloadIt) {
                 loads, before.memory / 1024, after.memory / 1024, before.heap, after.heap, before.handles,
                 after.handles, before.threads, after.threads);
     EXPECT_EQ(GetModuleHandleW(asWide(path)), nullptr);
-    // The C++ runtime in the DLL leaves this for the thread that unloads it; it must not become more.
-    EXPECT_LE(after.handles, before.handles + 4 * (loads - 20));
-    EXPECT_LE(after.heap, before.heap + 20 * (loads - 20));
+    // The C++ runtime in the DLL leaves this, about 1.5 KB, for the thread that unloads it; it must not become more.
+    EXPECT_LE(after.handles, before.handles + 2 * (loads - 20));
+    EXPECT_LE(after.heap, before.heap + 13 * (loads - 20));
+    EXPECT_LT(after.memory, before.memory + noise);
     EXPECT_LE(after.threads, before.threads);
 }
 

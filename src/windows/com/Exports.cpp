@@ -2,6 +2,7 @@
 #include "windows/com/Errors.h"
 #include "windows/com/Handles.h"
 #include "windows/com/Module.h"
+#include "windows/com/Runtime.h"
 #include "windows/com/Server.h"
 
 #include <string_view>
@@ -30,10 +31,12 @@ HRESULT install(bool add, RegistrationScope scope) noexcept {
 
 } // namespace
 
-BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID) {
+BOOL WINAPI DllMain(HINSTANCE instance, DWORD reason, LPVOID processEnds) {
     // Calls for threads stay on: the runtime in this DLL frees with them what it keeps for each thread.
     if (reason == DLL_PROCESS_ATTACH)
         module::setInstance(instance);
+    else if (reason == DLL_PROCESS_DETACH && !processEnds)
+        releaseRuntime(instance);
     return TRUE;
 }
 
