@@ -21,12 +21,11 @@ Value traceValue(const T& value) {
         return Value(value);
 }
 
-/// Runs a public member of the control: `body` does the work, `arguments` (made by std::tie) are the member's own. The
-/// calls of the host that it makes go to `trace`, and so does the member itself. Without a trace the body is all that
-/// runs.
+/// What `tracedMember` does while there is a trace in the process. Apart, so that members without one stay short.
 template <class... Args, class Body>
-std::invoke_result_t<Body&> tracedMember(const std::shared_ptr<Trace>& trace, std::u16string_view member,
-                                         InvokeKind kind, const std::tuple<Args&...>& arguments, Body body) {
+[[gnu::noinline]] std::invoke_result_t<Body&> memberWithTraces(const std::shared_ptr<Trace>& trace,
+                                                               std::u16string_view member, InvokeKind kind,
+                                                               const std::tuple<Args&...>& arguments, Body& body) {
     const TraceScope scope(trace);
     if (!trace)
         return body();
@@ -52,9 +51,22 @@ std::invoke_result_t<Body&> tracedMember(const std::shared_ptr<Trace>& trace, st
     }
 }
 
+/// Runs a public member of the control: `body` does the work, `arguments` (made by std::tie) are the member's own. The
+/// calls of the host that it makes go to `trace`, and so does the member itself. Without a trace the body is all that
+/// runs.
+template <class... Args, class Body>
+std::invoke_result_t<Body&> tracedMember(const std::shared_ptr<Trace>& trace, std::u16string_view member,
+                                         InvokeKind kind, const std::tuple<Args&...>& arguments, Body body) {
+    if (!Trace::anyOpen()) [[likely]] // a trace of this control would be open
+        return body();
+    return memberWithTraces(trace, member, kind, arguments, body);
+}
+
 /// Runs what answers an event that the user raised, named as "cboClassType.click".
 template <class Action>
 void tracedEvent(const std::shared_ptr<Trace>& trace, std::u16string_view name, Action action) {
+    if (!Trace::anyOpen())
+        return action();
     const TraceScope scope(trace);
     if (!trace)
         return action();

@@ -30,21 +30,31 @@ using automation::Value;
 
 namespace {
 
+/// A member's name, measured by the compiler: members without a trace do nothing with it.
+class Name {
+  public:
+    consteval Name(const char16_t* literal) : text_(literal) {}
+    constexpr operator std::u16string_view() const noexcept { return text_; }
+
+  private:
+    std::u16string_view text_;
+};
+
 // The three kinds of members, with their entries in the trace.
 
 template <class Body>
-auto readMember(const FilterState& state, std::u16string_view name, Body body) {
+auto readMember(const FilterState& state, Name name, Body body) {
     return automation::tracedMember(state.trace, name, InvokeKind::get, std::tie(), body);
 }
 
 template <class NewValue, class Body>
-void writeMember(const FilterState& state, std::u16string_view name, const NewValue& value, Body body) {
+void writeMember(const FilterState& state, Name name, const NewValue& value, Body body) {
     automation::tracedMember(state.trace, name, InvokeKind::let, std::tie(value), body);
 }
 
 /// `arguments` come from std::tie.
 template <class Arguments, class Body>
-auto runMember(const FilterState& state, std::u16string_view name, const Arguments& arguments, Body body) {
+auto runMember(const FilterState& state, Name name, const Arguments& arguments, Body body) {
     return automation::tracedMember(state.trace, name, InvokeKind::method, arguments, body);
 }
 
