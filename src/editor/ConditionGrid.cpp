@@ -61,6 +61,7 @@ ConditionGrid::ConditionGrid(ui::Spread& vsFilter, ConditionGridHost& host) : gr
         try {
             automation::tracedEvent(host_.currentTrace(), u"vsFilter.comboSelectionChange",
                                     [&] { comboSelectionChange(column, row); });
+            goToValue(column, row);
         } catch (const AutomationError& error) {
             // The line stays as far as it was set up; the host's diagnostics learn why.
             host_.log(error.description());
@@ -124,6 +125,12 @@ void ConditionGrid::comboSelectionChange(int column, int row) {
         comparisonChanged(row);
 }
 
+void ConditionGrid::goToValue(int column, int row) {
+    const bool takesValue = column == column::field || column == column::comparison;
+    if (takesValue && row <= grid_.maxRows() && !grid_.text(column, row).empty())
+        grid_.setActiveCell(column::value, row);
+}
+
 void ConditionGrid::fieldChanged(int row) {
     grow(row);
     const std::int32_t position = fieldPosition(row);
@@ -153,7 +160,6 @@ void ConditionGrid::fieldChanged(int row) {
     resetValueArea(row);
     grid_.setFormat(column::value, row, std::move(valueFormat)); // stays where the field has no comparison
     fillComparisons(row, field->value(fieldKey::condition));
-    grid_.setActiveCell(column::value, row);
 }
 
 void ConditionGrid::fieldCleared(int row) {
@@ -179,11 +185,9 @@ void ConditionGrid::fillComparisons(int row, const automation::Value& condition)
     const std::u16string list = comparisonList(*comparisons->entries(condition));
     if (list.empty())
         return;
-    grid_.setActiveCell(column::comparison, row);
     grid_.setComboList(column::comparison, row, list);
     grid_.setComboSelection(column::comparison, row, 0);
     comparisonChanged(row);
-    grid_.setActiveCell(column::value, row);
 }
 
 void ConditionGrid::comparisonChanged(int row) {
@@ -243,7 +247,6 @@ void ConditionGrid::applyShape(const ValueCellShape& shape, const CompareEntry& 
         format = comboFormat();
         format.freeText = shape.list == ValueCellShape::List::captions;
     }
-    grid_.setActiveCell(column::value, row);
     grid_.setCellBackColor(column::value, row, valueCellColor);
     grid_.setFormat(column::value, row, format);
     if (!items.empty())

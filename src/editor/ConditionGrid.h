@@ -91,6 +91,9 @@ class ConditionGrid {
 
   private:
     conditions::ConditionRow& grow(int row);
+    /// After a user's choice the cell where the value goes becomes the active one. Lines that code sets up leave the
+    /// user where he is: what he presses next acts on the active line.
+    void goToValue(int column, int row);
     void fieldChanged(int row);
     void fieldCleared(int row);
     void copyRow(int from, int to);

@@ -67,6 +67,8 @@ ColumnGrid::ColumnGrid(ui::Spread& vsHideColumn, std::function<void(std::u16stri
     : grid_(vsHideColumn), warn_(std::move(warn)) {
     onClick_ =
         grid_.click.subscribe([this](int, int row) { currentRow_ = row >= 1 && row <= grid_.maxRows() ? row : 0; });
+    // Keys go to a row, too, and the buttons must then move the row that the user sees marked.
+    onActive_ = grid_.activeCellChanged.subscribe([this](int, int row) { currentRow_ = row; });
     onLeave_ = grid_.leaveCell.subscribe([this](int column, int row, int, int, bool& cancel) {
         if (column == widthColumn && row >= 1)
             checkWidth(row, cancel);
@@ -112,7 +114,6 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
             columns.push_back({field->text(fieldKey::caption), field->text(fieldKey::key)});
     }
 
-    currentRow_ = 0;
     grid_.setMaxRows(0);
     grid_.setMaxRows(static_cast<int>(columns.size()));
     int row = 0;
@@ -131,6 +132,7 @@ void ColumnGrid::fill(metadata::FieldCatalogue& catalogue, const metadata::PageS
     }
     if (row > 0)
         grid_.setActiveCell(captionColumn, 1);
+    currentRow_ = 0;
 }
 
 void ColumnGrid::checkWidth(int row, bool& cancel) {

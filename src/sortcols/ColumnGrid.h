@@ -50,7 +50,7 @@ class ColumnGrid {
     void moveUp();
     void moveDown();
     void setAllShown(bool shown);
-    /// The current row; 0 without one.
+    /// The row that the user went to by mouse or keys; 0 without one.
     int currentRow() const noexcept { return currentRow_; }
 
     ColumnLists lists() const;
@@ -71,6 +71,7 @@ class ColumnGrid {
     std::function<void(std::u16string_view)> warn_;
     int currentRow_ = 0;
     ui::Subscription onClick_;
+    ui::Subscription onActive_;
     ui::Subscription onLeave_;
 };
 

@@ -184,6 +184,11 @@ TEST_F(ConditionGridTest, DeletesTheActiveLineAndKeepsTheLastOne) {
     EXPECT_EQ(values(grid, 1, 2), "v2 v3 ");
     EXPECT_EQ(values(grid, 28, 30), "v29 v30 v30 ");
     EXPECT_EQ(grid.activeCell(), (ui::CellRef{3, 1}));
+    grid.setActiveCell(2, 3);
+    conditions.deleteRow();
+    conditions.deleteRow();
+    EXPECT_EQ(values(grid, 2, 4), "v3 v6 v7 ") << "pressed twice, the button deletes two lines at the same place";
+    EXPECT_EQ(grid.activeCell(), (ui::CellRef{2, 3}));
     conditions.clearAll();
     for (int line = 1; line <= 30; ++line)
         EXPECT_FALSE(conditions::IsFilterRowUsed(grid, line)) << line;

@@ -180,6 +180,10 @@ TEST_F(ColumnGridTest, MovesRowsWithAllTheirCells) {
     EXPECT_EQ(columns.currentRow(), 3);
     grid.userClick(0, 0);
     EXPECT_EQ(columns.currentRow(), 0);
+    grid.userMoveTo(1, 2);
+    columns.moveUp();
+    EXPECT_EQ(keys(), "FOther FDebit FBillNo ") << "keys go to a row as a click does";
+    EXPECT_EQ(columns.currentRow(), 1);
     columns.setAllShown(false);
     for (const auto& setting : columns.settings())
         EXPECT_FALSE(setting.shown);
