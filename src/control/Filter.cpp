@@ -80,6 +80,18 @@ std::u16string Filter::translated(std::u16string_view messageTemplate, std::u16s
     return state_->localisation.message(messageTemplate, first);
 }
 
+std::optional<Date> Filter::serverDay() {
+    try {
+        const Date now = editor::serverToday(state_->factory);
+        if (now.days >= 1)
+            return now;
+    } catch (const AutomationError& error) {
+        // A calendar opens all the same.
+        state_->log(error.description());
+    }
+    return std::nullopt;
+}
+
 void Filter::setSelfObject(std::function<automation::ObjectRef()> self) {
     state_->selfObject = std::move(self);
 }

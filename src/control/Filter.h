@@ -9,6 +9,7 @@
 #include <cstdint>
 #include <functional>
 #include <memory>
+#include <optional>
 #include <string>
 #include <string_view>
 
@@ -81,6 +82,8 @@ class Filter {
     void resize(int widthPx, int heightPx, double scale = 1.0);
     /// A text of a shell's own in the user's language, with "%1" replaced.
     std::u16string translated(std::u16string_view messageTemplate, std::u16string_view first) const;
+    /// The database server's date for calendars; nothing when the host does not know it, which is logged.
+    std::optional<automation::Date> serverDay();
     /// How the control is reached as an automation object; a shell sets it for host components that want it.
     void setSelfObject(std::function<automation::ObjectRef()> self);
 

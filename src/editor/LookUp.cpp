@@ -35,12 +35,6 @@ constexpr std::int32_t firstOffBalanceGroup = 700;
 /// How the bill dialog shows itself, and the account dialog's control system: the services' own defaults.
 constexpr std::int32_t usualShowType = 0;
 
-bool opensDialog(std::int32_t lookUpKind) {
-    constexpr std::array kinds{kind::baseData, kind::auxiliaryData, kind::bill,
-                               kind::account,  kind::baseDataToo,   kind::item};
-    return std::ranges::find(kinds, lookUpKind) != kinds.end();
-}
-
 bool isItemClass(std::int32_t classId) {
     constexpr std::array classes{1, 2, 3, 4, 5, 8, 9, 10, 14};
     return classId >= 1001 || std::ranges::find(classes, classId) != classes.end();
@@ -65,6 +59,12 @@ ObjectRef returnObject(const ObjectRef& service) {
 }
 
 } // namespace
+
+bool opensDialog(std::int32_t lookUpKind) {
+    constexpr std::array kinds{kind::baseData, kind::auxiliaryData, kind::bill,
+                               kind::account,  kind::baseDataToo,   kind::item};
+    return std::ranges::find(kinds, lookUpKind) != kinds.end();
+}
 
 std::optional<LookUpChoice> LookUp::choose(const metadata::FieldRecord& source) {
     const Dictionary tableInfo = host_.currentTableInfo();

@@ -35,6 +35,9 @@ struct LookUpChoice {
     std::u16string display; ///< text shown; the key itself where the field returns keys
 };
 
+/// Whether a field's `FLookUpType` names a dialog. Fields without one may still have that of a field of their page.
+bool opensDialog(std::int32_t lookUpKind);
+
 /// Lets the user choose the value of a condition in the dialog that its field's `FLookUpType` names.
 class LookUp {
   public:

@@ -2,6 +2,7 @@
 
 #include "conditions/DateKeywords.h"
 #include "conditions/TypeClasses.h"
+#include "editor/LookUp.h"
 #include "support/Letters.h"
 
 namespace orv::editor {
@@ -80,6 +81,7 @@ ValueCellShape shapeValueCell(const CompareEntry& entry, const FieldRecord& fiel
     shape.format = textCellFormat(field);
     if (!entry.FInput)
         return shape;
+    shape.format.looksUp = opensDialog(field.number(u"FLookUpType"));
     if (entry.FInputCtlType == u"1") {
         shape.list = ValueCellShape::List::items;
         return shape;

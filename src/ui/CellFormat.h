@@ -28,6 +28,7 @@ struct CellFormat {
     std::u16string earliestDate{}; ///< MMDDYYYY, as date cells store it; "" is no limit
     bool centred = false;
     bool freeText = false; ///< a combo cell that takes typed texts beyond its list, too
+    bool looksUp = false;  ///< shown with a button that does what F7 does
     friend bool operator==(const CellFormat&, const CellFormat&) = default;
 };
 

@@ -249,6 +249,22 @@ conditions::CompareEntry comparison(const char16_t* operation, const char16_t* c
     return entry;
 }
 
+TEST(ValueCell, HasAButtonWhereTheFieldHasADialogForOneValue) {
+    const auto looksUp = [](int lookUpType, const conditions::CompareEntry& entry) {
+        CatalogueBuilder builder;
+        builder.field({{u"FKey", u"F"}, {u"FColType", 1}, {u"FLookUpType", lookUpType}});
+        auto catalogue = builder.catalogue();
+        return shapeValueCell(entry, *catalogue.field(1), {}).format.looksUp;
+    };
+    for (const int type : {1, 2, 3, 4, 5, 10})
+        EXPECT_TRUE(looksUp(type, comparison(u"=", u"0"))) << type;
+    for (const int type : {0, 6, 9, 11})
+        EXPECT_FALSE(looksUp(type, comparison(u"=", u"0"))) << type;
+    EXPECT_TRUE(looksUp(1, comparison(u"=", u"1"))) << "a list that turns out empty";
+    EXPECT_FALSE(looksUp(1, comparison(u"IN", u"2"))) << "a look-up would replace the other values";
+    EXPECT_FALSE(looksUp(1, comparison(u"=", u"0", u"", u"ISNULL", false))) << "no value is asked for";
+}
+
 TEST(ValueCell, TakesItsShapeFromComparisonAndField) {
     using Area = ValueCellShape::Area;
     using List = ValueCellShape::List;

@@ -226,6 +226,17 @@ TEST_F(FilterWindowTest, SchemeListSelectsByClickInEveryMode) {
     }
 }
 
+TEST_F(FilterWindowTest, SpaceLoadsTheSelectedSchemeAgain) {
+    SetFocus(stage.windowOf(controls.lvwProject));
+    controls.lvwProject.setSelected(2);
+    pump(stage);
+    int told = 0;
+    const auto subscription = controls.lvwProject.itemClick.subscribe([&told] { ++told; });
+    press(stage, VK_SPACE);
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(controls.lvwProject.selected(), 2);
+}
+
 TEST_F(FilterWindowTest, ComboBoxFollowsKeysAndModel) {
     const HWND combo = FindWindowExW(stage.window->hwnd(), nullptr, L"COMBOBOX", nullptr);
     ASSERT_NE(combo, nullptr);

@@ -151,6 +151,28 @@ TEST_F(GridAccess, KnowsFocusAndStates) {
     EXPECT_EQ(grid.activeCell(), (ui::CellRef{4, 1}));
 }
 
+TEST_F(GridAccess, GivesAllMarkedCellsAsTheSelection) {
+    VARIANT selection;
+    VariantInit(&selection);
+    SetFocus(gridWindow);
+    grid.setActiveCell(3, 1);
+    EXPECT_EQ(table->get_accSelection(&selection), S_OK);
+    EXPECT_EQ(nameOf(given(selection)), "第 1 行 比较") << "one cell stands for itself";
+    press(stage, VK_RIGHT, {VK_SHIFT});
+    press(stage, VK_DOWN, {VK_SHIFT});
+    EXPECT_EQ(table->get_accSelection(&selection), S_OK);
+    ASSERT_EQ(V_VT(&selection), VT_UNKNOWN);
+    ComPtr<IEnumVARIANT> cells;
+    ASSERT_EQ(V_UNKNOWN(&selection)->QueryInterface(IID_IEnumVARIANT, cells.putVoid()), S_OK);
+    VariantClear(&selection);
+    std::string names;
+    VARIANT next;
+    VariantInit(&next);
+    while (cells->Next(1, &next, nullptr) == S_OK)
+        names += nameOf(given(next)) + ", ";
+    EXPECT_EQ(names, "第 1 行 比较, 第 1 行 比较值, 第 2 行 比较, 第 2 行 比较值, ") << "a span is one cell";
+}
+
 TEST_F(GridAccess, FindsTheCellUnderAPointAndItsNeighbours) {
     const RECT place = placeOf(cell(3, 2));
     VARIANT hit;

@@ -188,6 +188,21 @@ TEST_F(GridKeys, CalendarOpensOnTheCellsDateAndEnterTakesIt) {
     EXPECT_EQ(GetFocus(), gridWindow);
 }
 
+TEST_F(GridKeys, CalendarOfAnEmptyCellOpensOnTheServersDay) {
+    chooseField(1, u"日期");
+    grid.setActiveCell(value, 1);
+    press(stage, VK_F4);
+    press(stage, VK_RETURN);
+    EXPECT_EQ(shown(value, 1), "02292024");
+    press(stage, VK_DELETE);
+    stage.host->failNext(u"ORVEBCGLView.GLData", u"getanyrecordset", 5, u"no answer");
+    press(stage, VK_F4);
+    EXPECT_NE(GetFocus(), gridWindow) << "on the machine's day then";
+    EXPECT_EQ(stage.prompts.logged, std::vector<std::string>{"no answer"});
+    press(stage, VK_ESCAPE);
+    EXPECT_EQ(shown(value, 1), "");
+}
+
 TEST_F(GridKeys, DeleteEmptiesACell) {
     chooseField(1, u"单据编");
     type(stage, u"1");

@@ -73,6 +73,29 @@ TEST_F(GridMouse, SecondClickOpensTheListAndAClickThereChooses) {
     EXPECT_EQ(GetFocus(), gridWindow);
 }
 
+TEST_F(GridMouse, ButtonOfALookUpDoesWhatF7Does) {
+    std::vector<int> keys;
+    const auto subscription = grid.keyDown.subscribe([&keys](int key, int) { keys.push_back(key); });
+    ui::CellFormat format;
+    format.looksUp = true;
+    grid.setFormat(4, 1, format);
+    grid.setActiveCell(2, 1);
+    const RECT cell = layout().cellRect(grid, 4, 1);
+    const POINT button{cell.right - 5, (cell.top + cell.bottom) / 2};
+    click(stage, gridWindow, button);
+    EXPECT_TRUE(keys.empty()) << "the first click goes to the cell, which has its button from then on";
+    click(stage, gridWindow, button);
+    EXPECT_EQ(keys, std::vector<int>{ui::key::f7});
+    click(stage, gridWindow, {cell.left + 5, button.y});
+    ASSERT_TRUE(grid.editMode());
+    click(stage, gridWindow, button);
+    EXPECT_EQ(keys.size(), 2U) << "the edit box leaves the button free";
+    EXPECT_FALSE(grid.editMode());
+    grid.setFormat(4, 1, {});
+    click(stage, gridWindow, button);
+    EXPECT_EQ(keys.size(), 2U);
+}
+
 TEST_F(GridMouse, ClickOnAHeaderOrBesideTheCellsIsToldButMovesNothing) {
     std::vector<ui::CellRef> clicks;
     const auto subscription = grid.click.subscribe([&](int column, int row) { clicks.push_back({column, row}); });

@@ -13,6 +13,8 @@ namespace {
 
 constexpr std::int32_t receipts = 1000201;
 constexpr std::int32_t payments = 1000202;
+constexpr std::int32_t deliveries = 1000301;
+constexpr std::int32_t vouchers = 1000801;
 
 struct SampleScheme {
     std::int32_t user;
@@ -47,6 +49,17 @@ constexpr SampleScheme schemes[] = {
      2},
     {3, payments, u"预付款", false, u"FSupplier=1|", u"##<&t_RP_PBill.FPayTypeID##<&0##<&1##<&##<&并且##<&||", u"", 3,
      2},
+    {1, deliveries, u"Default Schema", false, u"FDate=0|FBillNo=1|", u"", u"", 3, 2},
+    {1, deliveries, u"本月未审核发货", true, u"FDate=1|",
+     u"##<&t_SO_Delivery.FDate##<&16##<&##<&##<&并且##<&||##<&t_SO_Delivery.FStatus##<&0##<&0##<&##<&并且##<&||",
+     u"FAddress=0|FContact=0|", 3, 2},
+    {2, deliveries, u"大额发货", true, u"FAmount=0|", u"##<&t_SO_Delivery.FAmount##<&6##<&50000##<&##<&并且##<&||", u"",
+     3, 2},
+    {1, vouchers, u"Default Schema", false, u"FDate=0|FNumber=1|", u"", u"", 3, 2},
+    {1, vouchers, u"上月凭证", true, u"FGroup=1|FNumber=1|", u"##<&t_GL_Voucher.FDate##<&15##<&##<&##<&并且##<&||",
+     u"FYear=0|FPeriod=0|", 3, 2},
+    {2, vouchers, u"大额凭证", true, u"FDebitTotal=0|",
+     u"##<&t_GL_Voucher.FDebitTotal##<&6##<&100000##<&##<&并且##<&||", u"", 3, 2},
 };
 
 Dictionary headerOf(const SampleScheme& scheme) {

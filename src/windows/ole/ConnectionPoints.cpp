@@ -1,6 +1,6 @@
 #include "windows/ole/ConnectionPoints.h"
 
-#include "windows/ole/Enumerator.h"
+#include "windows/com/Enumerator.h"
 
 #include <ORVFilter.h>
 #include <olectl.h>

@@ -101,13 +101,19 @@ class DialogWindow {
                            static_cast<DWORD>(GetWindowLongPtrW(window_, GWL_EXSTYLE)));
         const LONG width = outer.right - outer.left;
         const LONG height = outer.bottom - outer.top;
-        RECT around{};
-        if (const HWND owner = GetWindow(window_, GW_OWNER))
+        const HWND owner = GetWindow(window_, GW_OWNER);
+        MONITORINFO monitor{};
+        monitor.cbSize = sizeof monitor;
+        GetMonitorInfoW(MonitorFromWindow(owner ? owner : window_, MONITOR_DEFAULTTONEAREST), &monitor);
+        const RECT& screen = monitor.rcWork;
+        RECT around = screen;
+        if (owner)
             GetWindowRect(owner, &around);
-        else
-            SystemParametersInfoW(SPI_GETWORKAREA, 0, &around, 0);
-        const LONG left = std::max<LONG>(0, (around.left + around.right - width) / 2);
-        const LONG top = std::max<LONG>(0, (around.top + around.bottom - height) / 2);
+        const auto within = [](LONG at, LONG size, LONG low, LONG high) {
+            return std::max(std::min(at, high - size), low);
+        };
+        const LONG left = within((around.left + around.right - width) / 2, width, screen.left, screen.right);
+        const LONG top = within((around.top + around.bottom - height) / 2, height, screen.top, screen.bottom);
         SetWindowPos(window_, nullptr, static_cast<int>(left), static_cast<int>(top), static_cast<int>(width),
                      static_cast<int>(height), SWP_NOZORDER);
     }

@@ -3,6 +3,7 @@
 #include "support/Letters.h"
 #include "windows/com/Handles.h"
 #include "windows/views/Gdi.h"
+#include "windows/views/SurfaceColor.h"
 
 #include <windowsx.h>
 
@@ -253,7 +254,8 @@ class CellCalendar::Month final : public Window {
     }
 };
 
-void CellCalendar::open(HWND grid, const RECT& cell, HFONT font, const std::optional<SYSTEMTIME>& date) {
+void CellCalendar::open(HWND grid, const RECT& cell, HFONT font, const std::optional<SYSTEMTIME>& date,
+                        const std::optional<SYSTEMTIME>& today) {
     Creation how;
     how.style = WS_POPUP | WS_BORDER;
     how.exStyle = WS_EX_TOOLWINDOW | WS_EX_TOPMOST;
@@ -263,8 +265,15 @@ void CellCalendar::open(HWND grid, const RECT& cell, HFONT font, const std::opti
     month_->open(hwnd());
     const HWND month = month_->hwnd();
     SendMessageW(month, WM_SETFONT, reinterpret_cast<WPARAM>(font), FALSE);
-    if (date)
-        SendMessageW(month, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&*date));
+    if (today)
+        SendMessageW(month, MCM_SETTODAY, 0, reinterpret_cast<LPARAM>(&*today));
+    if (const auto& first = date ? date : today)
+        SendMessageW(month, MCM_SETCURSEL, 0, reinterpret_cast<LPARAM>(&*first));
+    // The usual colours of the title, which the names of the days have as well, are made for white calendars.
+    if (darkWindows()) {
+        SendMessageW(month, MCM_SETCOLOR, MCSC_TITLEBK, static_cast<LPARAM>(GetSysColor(COLOR_WINDOWTEXT)));
+        SendMessageW(month, MCM_SETCOLOR, MCSC_TITLETEXT, static_cast<LPARAM>(GetSysColor(COLOR_WINDOW)));
+    }
     month_->onKey = [this](WPARAM key) {
         if (const int days = daysOf(key); days != 0) {
             moveDate(month_->hwnd(), days);

@@ -51,13 +51,15 @@ class CellList final : public Window {
     POINT pointer_{};
 };
 
-/// The calendar of a date cell; has the focus while it is open.
+/// The calendar of a date cell; has the focus while it is open. It begins at `date`, without one at `today`, which it
+/// marks; without that it takes the machine's day.
 class CellCalendar final : public ContainerWindow {
   public:
     std::function<void(const SYSTEMTIME&)> onChoose;
     std::function<void()> onCancel;
 
-    void open(HWND grid, const RECT& cell, HFONT font, const std::optional<SYSTEMTIME>& date);
+    void open(HWND grid, const RECT& cell, HFONT font, const std::optional<SYSTEMTIME>& date,
+              const std::optional<SYSTEMTIME>& today);
 
   protected:
     LRESULT onMessage(UINT message, WPARAM wParam, LPARAM lParam) override;

@@ -7,6 +7,7 @@
 
 #include <functional>
 #include <memory>
+#include <optional>
 #include <vector>
 
 namespace orv::windows {
@@ -23,6 +24,8 @@ struct Dressing {
     void setLook(const Appearance& appearance);
     /// A text of the views' own in the user's language, with "%1" replaced; may be empty.
     std::function<std::u16string(std::u16string_view messageTemplate, std::u16string_view first)> translated;
+    /// The server's day, asked anew at each call; nothing when it cannot be had. May be empty.
+    std::function<std::optional<SYSTEMTIME>()> today;
     /// Pixels of a measure given at 96 dots an inch.
     int px(int at96) const noexcept { return MulDiv(at96, look.dpi, 96); }
 };

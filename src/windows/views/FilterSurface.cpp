@@ -39,6 +39,13 @@ FilterSurface::FilterSurface(control::Filter& filter, const Appearance& look, Fi
     dressing_->translated = [this](std::u16string_view text, std::u16string_view first) {
         return filter_.translated(text, first);
     };
+    dressing_->today = [this]() -> std::optional<SYSTEMTIME> {
+        const auto now = filter_.serverDay();
+        SYSTEMTIME day{};
+        if (!now || !VariantTimeToSystemTime(now->days, &day))
+            return std::nullopt;
+        return day;
+    };
 }
 
 FilterSurface::~FilterSurface() {

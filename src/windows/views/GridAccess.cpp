@@ -2,6 +2,7 @@
 
 #include "automation/Coercion.h"
 #include "windows/com/ComObject.h"
+#include "windows/com/Enumerator.h"
 #include "windows/com/Errors.h"
 #include "windows/com/Handles.h"
 
@@ -20,6 +21,13 @@ using ui::CellType;
 
 /// Position of a node: -1 where it is all columns or all rows.
 constexpr int all = -1;
+
+/// What an enumerator of cells keeps of one: its node is made when it is asked for.
+struct HeldCell {
+    std::weak_ptr<GridView> grid;
+    ui::CellRef at;
+    VARIANT give() const noexcept;
+};
 
 class GridNode final : public ComObject<IAccessible> {
   public:
@@ -111,8 +119,15 @@ class GridNode final : public ComObject<IAccessible> {
     }
     HRESULT STDMETHODCALLTYPE get_accSelection(VARIANT* selection) noexcept override {
         return answer(selection, [&](GridView& grid) {
-            const ui::CellRef active = grid.grid().activeCell();
-            return active.column < 1 || active.row < 1 ? S_FALSE : giveNode(*selection, active);
+            const std::vector<ui::CellRef> cells = grid.selectedCells();
+            if (cells.size() < 2)
+                return cells.empty() ? S_FALSE : giveNode(*selection, cells.front());
+            std::vector<HeldCell> held;
+            for (const ui::CellRef& cell : cells)
+                held.push_back({grid_, cell});
+            V_UNKNOWN(selection) = makeComObject<Enumerator<IEnumVARIANT, VARIANT, HeldCell>>(std::move(held)).detach();
+            V_VT(selection) = VT_UNKNOWN;
+            return S_OK;
         });
     }
     HRESULT STDMETHODCALLTYPE get_accDefaultAction(VARIANT child, BSTR* action) noexcept override {
@@ -311,7 +326,7 @@ class GridNode final : public ComObject<IAccessible> {
             state |= STATE_SYSTEM_READONLY;
         if (grid.grid().cellType(at.column, at.row) == CellType::checkBox && grid.grid().isChecked(at.column, at.row))
             state |= STATE_SYSTEM_CHECKED;
-        if (opensPopup(grid.grid(), at.column, at.row))
+        if (hasButton(grid.grid(), at.column, at.row))
             state |= STATE_SYSTEM_HASPOPUP;
         if (grid.grid().activeCell() == at && hasFocus)
             state |= STATE_SYSTEM_FOCUSED;
@@ -358,6 +373,16 @@ class GridNode final : public ComObject<IAccessible> {
     std::weak_ptr<GridView> grid_;
     ui::CellRef at_;
 };
+
+VARIANT HeldCell::give() const noexcept {
+    VARIANT node;
+    VariantInit(&node);
+    guarded([&] {
+        V_DISPATCH(&node) = makeComObject<GridNode>(grid.lock(), at).detach();
+        V_VT(&node) = VT_DISPATCH;
+    });
+    return node;
+}
 
 } // namespace
 

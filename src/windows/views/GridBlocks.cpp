@@ -82,6 +82,18 @@ bool GridView::isMarked(int column, int row) const {
            row < marked.row + marked.rows;
 }
 
+std::vector<ui::CellRef> GridView::selectedCells() const {
+    const ui::CellSpan marked = markedCells();
+    std::vector<ui::CellRef> cells;
+    for (int row = marked.row; row < marked.row + marked.rows; ++row) {
+        for (int column = marked.column; column < marked.column + marked.columns; ++column) {
+            if (isReachable(column, row))
+                cells.push_back({column, row});
+        }
+    }
+    return cells;
+}
+
 void GridView::copy() const {
     const ui::CellSpan marked = markedCells();
     TextBlock block;

@@ -36,15 +36,21 @@ void GridView::showEditor() {
     bringIntoSight(cell.column, cell.row);
     edited_ = cell;
     editedText_ = shownInCell(typed(), cell.column, cell.row);
-    const RECT r = layout_.cellRect(typed(), cell.column, cell.row);
     edit_ = std::make_shared<CellEdit>();
     const bool isNumber = format.type == CellType::wholeNumber || format.type == CellType::decimal;
-    edit_->open(hwnd(), {r.left + 2, r.top + 2, r.right - 2, r.bottom - 2}, dressing().font.get(),
-                firstText_ ? *firstText_ : editedText_, format.maxLength, isNumber);
+    edit_->open(hwnd(), editPlace(cell), dressing().font.get(), firstText_ ? *firstText_ : editedText_,
+                format.maxLength, isNumber);
     if (firstText_)
         SendMessageW(edit_->hwnd(), EM_SETSEL, firstText_->size(), static_cast<LPARAM>(firstText_->size()));
     edit_->onKey = [this](WPARAM key) { return ready() && onKey(key); };
     SetFocus(edit_->hwnd());
+}
+
+RECT GridView::editPlace(ui::CellRef cell) const {
+    RECT r = layout_.cellRect(typed(), cell.column, cell.row);
+    if (hasButton(typed(), cell.column, cell.row))
+        r.right = arrowRect(r, dressing().look.dpi).left + 2;
+    return {r.left + 2, r.top + 2, r.right - 2, r.bottom - 2};
 }
 
 void GridView::dropEditor() {
@@ -120,6 +126,11 @@ void GridView::choose(int position) {
 void GridView::openCalendar() {
     closePopups();
     const ui::CellRef cell = typed().activeCell();
+    const auto today = dressing().today ? dressing().today() : std::nullopt;
+    // The host may have done anything while it answered.
+    if (!ready() || edit_ || list_ || calendar_ || typed().activeCell() != cell ||
+        !opensPopup(typed(), cell.column, cell.row))
+        return;
     const std::u16string shown = typed().shownText(cell.column, cell.row);
     std::optional<SYSTEMTIME> date;
     if (shown.size() == 10) {
@@ -141,7 +152,8 @@ void GridView::openCalendar() {
         if (ready() && typed().activeCell() == cell)
             typed().userType(cell.column, cell.row, std::u16string(asUtf16(text)));
     };
-    calendar_->open(hwnd(), onScreen(layout_.cellRect(typed(), cell.column, cell.row)), dressing().font.get(), date);
+    calendar_->open(hwnd(), onScreen(layout_.cellRect(typed(), cell.column, cell.row)), dressing().font.get(), date,
+                    today);
 }
 
 void GridView::closePopups() {

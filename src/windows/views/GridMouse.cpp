@@ -54,8 +54,16 @@ void GridView::onButtonDown(POINT at, bool doubleClick) {
     }
     const RECT r = layout_.cellRect(typed(), cell.column, cell.row);
     const RECT arrow = arrowRect(r, dressing().look.dpi);
-    const bool onArrow = opensPopup(typed(), cell.column, cell.row) && PtInRect(&arrow, at);
+    const bool onButton = hasButton(typed(), cell.column, cell.row) && PtInRect(&arrow, at);
+    const bool onArrow = onButton && opensPopup(typed(), cell.column, cell.row);
     const bool pureList = type == ui::CellType::comboBox && !typed().format(cell.column, cell.row).freeText;
+    if (onButton && !onArrow) {
+        // The dialog opens once the button of the mouse is up again; a click that only goes to the cell opens none.
+        pressing_ = before == cell;
+        if (pressing_)
+            SetCapture(hwnd());
+        return;
+    }
     if (onArrow || (pureList && before == cell)) {
         if (!wasOpen)
             openPopup();
@@ -147,6 +155,19 @@ void GridView::fitColumn(int column) {
     }
     if (widest > 0)
         sizeColumn(column, std::min(widest, static_cast<int>(layout_.body().right - layout_.body().left)));
+}
+
+void GridView::onButtonUp(POINT at) {
+    const bool pressed = std::exchange(pressing_, false);
+    endDrag();
+    if (!pressed)
+        return;
+    if (GetCapture() == hwnd())
+        ReleaseCapture();
+    const ui::CellRef cell = typed().activeCell();
+    const RECT button = arrowRect(layout_.cellRect(typed(), cell.column, cell.row), dressing().look.dpi);
+    if (cell.column >= 1 && PtInRect(&button, at) && hasButton(typed(), cell.column, cell.row))
+        typed().userKeyDown(ui::key::f7, 0);
 }
 
 void GridView::endDrag() {

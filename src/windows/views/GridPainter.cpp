@@ -14,19 +14,6 @@ namespace {
 
 using ui::CellType;
 
-/// Black or white, whichever can be read on a colour.
-COLORREF readableOn(COLORREF back) noexcept {
-    const int brightness = (GetRValue(back) * 299 + GetGValue(back) * 587 + GetBValue(back) * 114) / 1000;
-    return brightness >= 128 ? RGB(0, 0, 0) : RGB(255, 255, 255);
-}
-
-/// A colour between two others, at a number of 8ths from the first one.
-COLORREF between(COLORREF from, COLORREF to, int eighths) noexcept {
-    const auto mix = [eighths](int a, int b) { return a + (b - a) * eighths / 8; };
-    return RGB(mix(GetRValue(from), GetRValue(to)), mix(GetGValue(from), GetGValue(to)),
-               mix(GetBValue(from), GetBValue(to)));
-}
-
 class Painter {
   public:
     Painter(HDC dc, const RECT& clip, const ui::Spread& grid, const GridLayout& layout, const GridLook& look)
@@ -98,10 +85,13 @@ class Painter {
             return;
         }
         RECT inner{r.left + px(3), r.top, r.right - px(3), r.bottom - 1};
-        if (grid_.activeCell() == ui::CellRef{column, row} && opensPopup(grid_, column, row)) {
-            const RECT arrow = arrowRect(r, look_.dpi);
-            paintArrow(arrow, text);
-            inner.right = arrow.left;
+        if (grid_.activeCell() == ui::CellRef{column, row} && hasButton(grid_, column, row)) {
+            const RECT button = arrowRect(r, look_.dpi);
+            if (opensPopup(grid_, column, row))
+                paintArrow(button, text);
+            else
+                paintDots(button);
+            inner.right = button.left;
         }
         UINT align = DT_LEFT;
         if (format.type == CellType::wholeNumber || format.type == CellType::decimal)
@@ -158,6 +148,17 @@ class Painter {
         const Selected brush(dc_, fill.get());
         const Selected pen(dc_, GetStockObject(NULL_PEN));
         Polygon(dc_, points, 3);
+    }
+
+    /// The button of a look-up.
+    void paintDots(const RECT& r) const {
+        fillRect(dc_, r, GetSysColor(COLOR_BTNFACE));
+        fillRect(dc_, {r.left, r.top, r.left + 1, r.bottom}, GetSysColor(COLOR_BTNSHADOW));
+        const int side = std::max(px(2), 2);
+        const int x = static_cast<int>(r.left + r.right - side) / 2;
+        const int y = static_cast<int>(r.top + r.bottom - side) / 2;
+        for (const int dot : {x - 2 * side, x, x + 2 * side})
+            fillRect(dc_, {dot, y, dot + side, y + side}, GetSysColor(COLOR_BTNTEXT));
     }
 
     /// The frame of the active cell: strong while the grid has the focus.
@@ -235,6 +236,10 @@ void paintGrid(HDC dc, POINT origin, const RECT& clip, const ui::Spread& grid, c
 RECT arrowRect(const RECT& cell, int dpi) noexcept {
     const LONG width = std::min<LONG>(MulDiv(17, dpi, 96), cell.right - cell.left);
     return {cell.right - width, cell.top, cell.right, cell.bottom};
+}
+
+bool hasButton(const ui::Spread& grid, int column, int row) {
+    return opensPopup(grid, column, row) || (grid.format(column, row).looksUp && grid.editable(column, row));
 }
 
 bool opensPopup(const ui::Spread& grid, int column, int row) {

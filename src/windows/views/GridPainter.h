@@ -16,11 +16,13 @@ struct GridLook {
 void paintGrid(HDC dc, POINT origin, const RECT& clip, const ui::Spread& grid, const GridLayout& layout,
                const GridLook& look);
 
-/// The part of a combo or date cell that opens its list.
+/// The part of a cell where its button is.
 RECT arrowRect(const RECT& cell, int dpi) noexcept;
 
 /// Whether a cell has a list or calendar to open.
 bool opensPopup(const ui::Spread& grid, int column, int row);
+/// Whether a cell has a button while it is the active one: for its list or calendar, or for its look-up.
+bool hasButton(const ui::Spread& grid, int column, int row);
 
 /// What a cell shows: captions without their keys, dates and times in their shown form.
 std::u16string shownInCell(const ui::Spread& grid, int column, int row);

@@ -78,9 +78,9 @@ void GridView::shapeChanged() {
     updateScrollBars();
     InvalidateRect(hwnd(), nullptr, FALSE);
     if (edit_) {
-        const RECT r = layout_.cellRect(typed(), edited_.column, edited_.row);
-        SetWindowPos(edit_->hwnd(), nullptr, static_cast<int>(r.left) + 2, static_cast<int>(r.top) + 2,
-                     static_cast<int>(r.right - r.left) - 4, static_cast<int>(r.bottom - r.top) - 4,
+        const RECT r = editPlace(edited_);
+        SetWindowPos(edit_->hwnd(), nullptr, static_cast<int>(r.left), static_cast<int>(r.top),
+                     static_cast<int>(r.right - r.left), static_cast<int>(r.bottom - r.top),
                      SWP_NOZORDER | SWP_NOACTIVATE);
     }
 }
@@ -328,7 +328,10 @@ LRESULT GridView::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         onMouseMove(pointOf(lParam));
         return 0;
     case WM_LBUTTONUP:
+        onButtonUp(pointOf(lParam));
+        return 0;
     case WM_CAPTURECHANGED:
+        pressing_ = false;
         endDrag();
         return 0;
     case WM_SETCURSOR:

@@ -32,6 +32,8 @@ class GridView final : public NativeView<ui::Spread> {
     RECT placeOnScreen(int column, int row) const;
     bool isReachable(int column, int row) const;
     bool isMarked(int column, int row) const;
+    /// The cells of the marked block, row by row; the active cell where no block is marked.
+    std::vector<ui::CellRef> selectedCells() const;
     std::u16string translated(std::u16string_view messageTemplate, std::u16string_view first = {}) const;
     std::u16string columnName(int column) const;
     std::u16string tableName() const;
@@ -89,12 +91,15 @@ class GridView final : public NativeView<ui::Spread> {
     void sizeColumn(int column, int widthPx);
     /// As wide as its texts.
     void fitColumn(int column);
+    void onButtonUp(POINT at);
     void endDrag();
     bool onSetCursor() const;
 
     // GridEditing.cpp
     void beginEdit(std::optional<std::u16string> text);
     void showEditor();
+    /// Where the edit box of a cell stands: within its frame, beside its button.
+    RECT editPlace(ui::CellRef cell) const;
     void dropEditor();
     /// Ends editing with the text typed; false when the cell refuses it and stays open.
     bool commit();
@@ -137,6 +142,7 @@ class GridView final : public NativeView<ui::Spread> {
     int draggedColumn_ = 0;
     int dragFrom_ = 0;
     int dragWidth_ = 0;
+    bool pressing_ = false; ///< the button of a look-up
 
     /// Opposite corners of the marked block; none is the active cell alone.
     struct Block {

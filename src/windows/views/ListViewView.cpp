@@ -53,12 +53,37 @@ class ListViewView final : public NativeView<ui::ListView> {
             return pass(message, wParam, lParam);
         if (message == WM_LBUTTONDOWN)
             reported_ = 0;
+        if (message == reflected + WM_NOTIFY &&
+            reinterpret_cast<const NMHDR*>(lParam)->code == static_cast<UINT>(NM_CUSTOMDRAW))
+            return onDraw(*reinterpret_cast<NMLVCUSTOMDRAW*>(lParam));
+        // The scheme that is selected already is loaded again, as by a click.
+        if (message == WM_KEYDOWN && wParam == VK_SPACE) {
+            const int before = typed().selected();
+            const LRESULT result = pass(message, wParam, lParam);
+            if (ready() && before > 0 && typed().selected() == before)
+                report(before);
+            return result;
+        }
         if (message == reflected + WM_NOTIFY && !refreshing())
             return onNotice(*reinterpret_cast<const NMHDR*>(lParam), lParam);
         return pass(message, wParam, lParam);
     }
 
   private:
+    /// The scheme in use is to be seen, too, while the focus is elsewhere: the system's own colour for that is hardly
+    /// another one than the list's.
+    LRESULT onDraw(NMLVCUSTOMDRAW& item) const {
+        if (item.nmcd.dwDrawStage == CDDS_PREPAINT)
+            return CDRF_NOTIFYITEMDRAW;
+        const bool selected = SendMessageW(hwnd(), LVM_GETITEMSTATE, item.nmcd.dwItemSpec, LVIS_SELECTED) != 0;
+        if (item.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && selected && GetFocus() != hwnd()) {
+            const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
+            item.clrTextBk = highContrast() ? highlight : between(GetSysColor(COLOR_WINDOW), highlight, darkWindows() ? 5 : 3);
+            item.clrText = highContrast() ? GetSysColor(COLOR_HIGHLIGHTTEXT) : readableOn(item.clrTextBk);
+            item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED); // or the system's colours are taken
+        }
+        return CDRF_DODEFAULT;
+    }
     LRESULT onNotice(const NMHDR& notice, LPARAM lParam) {
         if (notice.code == LVN_ITEMCHANGED) {
             const auto& change = *reinterpret_cast<const NMLISTVIEW*>(lParam);

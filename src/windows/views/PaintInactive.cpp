@@ -69,7 +69,7 @@ class Picture {
                   align | DT_SINGLELINE | DT_VCENTER | DT_NOPREFIX);
     }
     void text(const RECT& r, const std::u16string& shown, UINT align) const {
-        text(r, shown, align, dressing_.look.fore);
+        text(r, shown, align, surfaceTextColor(dressing_.look.fore));
     }
     void drawButton(RECT r, const std::u16string& caption) const {
         DrawFrameControl(dc_, &r, DFC_BUTTON, DFCS_BUTTONPUSH);

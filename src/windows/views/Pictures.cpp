@@ -12,7 +12,8 @@ namespace orv::windows {
 
 namespace {
 
-/// The colours of the pictures; those of the system alone where the user asks for high contrast.
+/// The colours of the pictures: lighter on dark windows, and those of the system alone where the user asks for high
+/// contrast.
 struct Palette {
     COLORREF ink = RGB(64, 74, 92);
     COLORREF paper = RGB(255, 255, 255);
@@ -22,6 +23,11 @@ struct Palette {
 
     static Palette ofUser() noexcept {
         Palette colors;
+        if (darkWindows()) {
+            colors.ink = RGB(200, 208, 220);
+            colors.blue = RGB(86, 150, 230);
+            colors.red = RGB(236, 92, 84);
+        }
         if (highContrast()) {
             colors.ink = colors.blue = colors.red = GetSysColor(COLOR_WINDOWTEXT);
             colors.paper = colors.sand = GetSysColor(COLOR_WINDOW);

@@ -3,6 +3,7 @@
 #include "ui/ComboBox.h"
 #include "windows/com/Handles.h"
 #include "windows/views/ControlView.h"
+#include "windows/views/SurfaceColor.h"
 
 #include <string_view>
 
@@ -35,7 +36,7 @@ class NativeView : public ControlView, public Window {
     }
     LRESULT onSurface(WPARAM dc) const {
         SetBkColor(reinterpret_cast<HDC>(dc), dressing().back);
-        SetTextColor(reinterpret_cast<HDC>(dc), dressing().look.fore);
+        SetTextColor(reinterpret_cast<HDC>(dc), surfaceTextColor(dressing().look.fore));
         return reinterpret_cast<LRESULT>(dressing().brush.get());
     }
 

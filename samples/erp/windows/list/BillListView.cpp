@@ -163,7 +163,7 @@ void BillListView::drawRow(const DRAWITEMSTRUCT& item) const {
         const bool isNegative = i > 0 && isNumeric(bills_->shown()[i - 1]) && row[i - 1].text.starts_with(L'-');
         const bool isPale = (i == 0 || row[i - 1].isRepeated) && !(isSelected && hasFocus);
         SetTextColor(dc, isPale                                    ? GetSysColor(COLOR_GRAYTEXT)
-                         : isNegative && !(isSelected && hasFocus) ? RGB(192, 0, 0)
+                         : isNegative && !(isSelected && hasFocus) ? negativeColour()
                                                                    : text);
         const UINT alignment = i == 0 ? DT_CENTER : isNumeric(bills_->shown()[i - 1]) ? DT_RIGHT : DT_LEFT;
         draw(dc, i == 0 ? std::to_wstring(index + 1) : row[i - 1].text, inset(cell, metrics_.px(padding)), alignment);

@@ -19,6 +19,10 @@ inline COLORREF stripeColour() noexcept {
 inline COLORREF lineColour() noexcept {
     return mixed(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_BTNSHADOW), 40);
 }
+/// A red that is read on light and dark windows.
+inline COLORREF negativeColour() noexcept {
+    return mixed(RGB(255, 0, 0), GetSysColor(COLOR_WINDOWTEXT), 25);
+}
 inline COLORREF headingColour() noexcept {
     return mixed(GetSysColor(COLOR_WINDOW), GetSysColor(COLOR_BTNFACE), 70);
 }
