@@ -78,7 +78,8 @@ class ListViewView final : public NativeView<ui::ListView> {
         const bool selected = SendMessageW(hwnd(), LVM_GETITEMSTATE, item.nmcd.dwItemSpec, LVIS_SELECTED) != 0;
         if (item.nmcd.dwDrawStage == CDDS_ITEMPREPAINT && selected && GetFocus() != hwnd()) {
             const COLORREF highlight = GetSysColor(COLOR_HIGHLIGHT);
-            item.clrTextBk = highContrast() ? highlight : between(GetSysColor(COLOR_WINDOW), highlight, darkWindows() ? 5 : 3);
+            item.clrTextBk =
+                highContrast() ? highlight : between(GetSysColor(COLOR_WINDOW), highlight, darkWindows() ? 5 : 3);
             item.clrText = highContrast() ? GetSysColor(COLOR_HIGHLIGHTTEXT) : readableOn(item.clrTextBk);
             item.nmcd.uItemState &= ~static_cast<UINT>(CDIS_SELECTED); // or the system's colours are taken
         }
