@@ -188,6 +188,11 @@ std::int32_t roundToInt32(double number) {
     return roundTo<std::int32_t>(number);
 }
 
+bool isBlank(const Value& value) {
+    const auto* text = value.getIf<std::u16string>();
+    return value.isEmpty() || value.isNull() || (text != nullptr && text->empty());
+}
+
 bool isNumeric(std::u16string_view text) {
     const std::optional<double> number = localeRules().parseNumber(text);
     return number && std::isfinite(*number);

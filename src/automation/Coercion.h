@@ -44,6 +44,8 @@ std::u16string numberToText(double number);
 /// Full-width digits do not count. A text without such a part gives 0. Never fails but by overflow (6).
 double Val(std::u16string_view text);
 
+/// What reads as nothing in a record: Empty (an absent entry), Null, or an empty text.
+bool isBlank(const Value& value);
 /// `IsNumeric` of a text by the locale's rules (blanks around it, sign, grouping, currency sign, exponent, "&H").
 bool isNumeric(std::u16string_view text);
 inline bool isNumeric(const std::u16string& text) {

@@ -11,15 +11,9 @@ using automation::Value;
 
 namespace {
 
-/// What reads as nothing: an absent entry, Null, or an empty text.
-bool isBlank(const Value& value) {
-    const auto* text = value.getIf<std::u16string>();
-    return value.isEmpty() || value.isNull() || (text != nullptr && text->empty());
-}
-
 std::u16string textOf(const Dictionary& entry, std::u16string_view key) {
     const Value value = entry.getValue(key, Value());
-    return isBlank(value) ? std::u16string() : automation::toText(value);
+    return automation::isBlank(value) ? std::u16string() : automation::toText(value);
 }
 
 } // namespace
@@ -29,11 +23,11 @@ CompareEntry CompareEntry::read(const Dictionary& entry) {
     result.FName = textOf(entry, u"FName");
     result.FOperate = textOf(entry, u"FOperate");
     result.FValue = textOf(entry, u"FValue");
-    if (const Value input = entry.getValue(u"FInput", Value()); !isBlank(input))
+    if (const Value input = entry.getValue(u"FInput", Value()); !automation::isBlank(input))
         result.FInput = automation::toBoolean(input);
     result.FInputCtlType = textOf(entry, u"FInputCtlType");
     result.FDataFieldIndex = textOf(entry, u"FDataFieldIndex");
-    if (Value kind = entry.getValue(u"FDataSourceType", Value()); !isBlank(kind))
+    if (Value kind = entry.getValue(u"FDataSourceType", Value()); !automation::isBlank(kind))
         result.FDataSourceType = std::move(kind);
     result.FDataSource = textOf(entry, u"FDataSource");
     return result;

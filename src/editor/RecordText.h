@@ -11,14 +11,12 @@ namespace orv::editor {
 
 inline std::u16string entryText(const automation::Dictionary& record, std::u16string_view key) {
     const automation::Value entry = record.getValue(key, automation::Value());
-    return entry.isNull() ? std::u16string() : automation::toText(entry);
+    return automation::isBlank(entry) ? std::u16string() : automation::toText(entry);
 }
 
 inline std::int32_t entryNumber(const automation::Dictionary& record, std::u16string_view key) {
     const automation::Value entry = record.getValue(key, automation::Value());
-    if (entry.isNull() || (entry.isText() && automation::toText(entry).empty()))
-        return 0;
-    return automation::toInt32(entry);
+    return automation::isBlank(entry) ? 0 : automation::toInt32(entry);
 }
 
 } // namespace orv::editor

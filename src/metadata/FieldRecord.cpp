@@ -8,14 +8,6 @@ namespace orv::metadata {
 
 using automation::Value;
 
-namespace {
-/// What reads as nothing: an absent entry, Null, or an empty text.
-bool isBlank(const Value& value) {
-    const auto* text = value.getIf<std::u16string>();
-    return value.isEmpty() || value.isNull() || (text != nullptr && text->empty());
-}
-} // namespace
-
 FieldRecord::Entry* FieldRecord::find(FieldKey key) const {
     const auto found = std::ranges::find(known_, key, &Entry::key);
     return found == known_.end() ? nullptr : &*found;
@@ -30,17 +22,17 @@ const Value& FieldRecord::value(FieldKey key) const {
 
 std::u16string FieldRecord::text(FieldKey key) const {
     const Value& entry = value(key);
-    return isBlank(entry) ? std::u16string() : automation::toText(entry);
+    return automation::isBlank(entry) ? std::u16string() : automation::toText(entry);
 }
 
 std::int32_t FieldRecord::number(FieldKey key) const {
     const Value& entry = value(key);
-    return isBlank(entry) ? 0 : automation::toInt32(entry);
+    return automation::isBlank(entry) ? 0 : automation::toInt32(entry);
 }
 
 bool FieldRecord::flag(FieldKey key) const {
     const Value& entry = value(key);
-    return !isBlank(entry) && automation::toBoolean(entry);
+    return !automation::isBlank(entry) && automation::toBoolean(entry);
 }
 
 void FieldRecord::provide(FieldKey key, const Value& entry) const {
