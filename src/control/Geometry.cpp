@@ -22,11 +22,16 @@ constexpr int classTypeLabelWidth = 60; ///< at least
 constexpr int buttonPadding = 16;       ///< both sides of a button's text together
 constexpr int classTypeBoxWidth = 240;
 // Labels and boxes of the options and of the panel below stand in the same columns.
-constexpr int pairLabelWidth = 56;
+constexpr int pairLabelWidth = 56; ///< at least
+constexpr int pairLabelMost = 160;
+constexpr int pairLabelPadding = 4;
+constexpr int pairBoxMinimum = 40;
+// Of a label at its least with its box: a wider label makes the pair wider.
 constexpr int pairUsual = 120;
 constexpr int pairMinimum = 92; ///< where three usual ones do not stand side by side
 constexpr int pairMaximum = 172;
-constexpr int pageBoxWidth = 116;
+constexpr int pageBoxWidth = 116; ///< at least
+constexpr int pageBoxMark = 30;   ///< what a check box needs beside its text
 constexpr int scrollBarWidth = 17;
 constexpr int mostPageLines = 3;
 /// Heading and two lines of the condition grid stay in sight whatever else there is.
@@ -127,11 +132,12 @@ class Composer {
     void placePageBoxes(Rect& area) {
         if (in_.pageBoxes <= 0)
             return;
-        const int columns = std::max((area.width - px(scrollBarWidth)) / px(pageBoxWidth), 1);
+        const int wanted = px(std::max(pageBoxWidth, in_.pageBoxText + pageBoxMark));
+        const int boxWidth = std::max(std::min(wanted, area.width - px(scrollBarWidth)), 1);
+        const int columns = std::max((area.width - px(scrollBarWidth)) / boxWidth, 1);
         const int lines = (in_.pageBoxes + columns - 1) / columns;
         const int shownLines = std::min({lines, mostPageLines, std::max(linesThatFit(area, optionsHeight(area)), 1)});
         Rect base = takeBottom(area, shownLines * px(lineHeight));
-        const int boxWidth = std::min(px(pageBoxWidth), base.width - px(scrollBarWidth));
         if (lines > shownLines) {
             show(out_.vsPage, {base.left + base.width - px(scrollBarWidth), base.top, px(scrollBarWidth), base.height});
             base.width -= px(scrollBarWidth);
@@ -143,7 +149,7 @@ class Composer {
         for (std::size_t i = 0; i < out_.chkPage.size(); ++i) {
             const int line = static_cast<int>(i) / columns;
             const int column = static_cast<int>(i) % columns;
-            show(out_.chkPage[i], {column * px(pageBoxWidth), line * px(lineHeight), boxWidth, px(lineHeight)});
+            show(out_.chkPage[i], {column * boxWidth, line * px(lineHeight), boxWidth, px(lineHeight)});
         }
     }
 
@@ -167,33 +173,46 @@ class Composer {
         }
     }
 
+    /// Pixels of a label: as its text wants, while two pairs still stand side by side.
+    int pairLabel(int pageWidth) const {
+        const int most = (pageWidth - px(gap)) / 2 - px(pairMinimum - pairLabelWidth);
+        return std::max(px(pairLabelWidth),
+                        std::min({px(in_.pairLabelText + pairLabelPadding), px(pairLabelMost), most}));
+    }
+    /// Pixels of a label with its box, from those at 96 dots an inch with the least label.
+    int pairWidth(int pageWidth, int withLeastLabel) const {
+        return pairLabel(pageWidth) + px(withLeastLabel - pairLabelWidth);
+    }
+
     /// Labels with their boxes, all of one width, so that those of several lines stand below each other.
     struct Pairs {
         int width;
         int perLine;
+        int label;
     };
     Pairs pairsIn(int pageWidth) const {
         const int space = px(gap);
         const bool beside = in_.optionBoxes && optionsFitBesideButtons(pageWidth);
         const int room = beside ? pageWidth - 3 * (px(buttonWidth) + space) : pageWidth;
-        const int minimum = px(room >= 3 * px(pairUsual) + 2 * space ? pairUsual : pairMinimum);
+        const bool usual = room >= 3 * pairWidth(pageWidth, pairUsual) + 2 * space;
+        const int minimum = pairWidth(pageWidth, usual ? pairUsual : pairMinimum);
         const int wanted = beside ? 3 : std::max((room + space) / (minimum + space), 1);
-        const int width = std::min((room - (wanted - 1) * space) / wanted, px(pairMaximum));
-        return {width, std::max((pageWidth + space) / (width + space), 1)};
+        const int width = std::min((room - (wanted - 1) * space) / wanted, pairWidth(pageWidth, pairMaximum));
+        return {width, std::max((pageWidth + space) / (width + space), 1), pairLabel(pageWidth)};
     }
     int flowLines(int pageWidth, int pairs) const {
         const int perLine = pairsIn(pageWidth).perLine;
         return (pairs + perLine - 1) / perLine;
     }
     bool optionsFitBesideButtons(int pageWidth) const {
-        return pageWidth >= 3 * (px(pairUsual) + px(buttonWidth) + 2 * px(gap));
+        return pageWidth >= 3 * (pairWidth(pageWidth, pairUsual) + px(buttonWidth) + 2 * px(gap));
     }
 
     /// One label with its box, flowing over lines of equal columns.
     void placePair(const Pairs& pairs, int left, int top, int position, Placement& label, Placement& box) const {
         left += position % pairs.perLine * (pairs.width + px(gap));
         top += position / pairs.perLine * (px(lineHeight) + px(gap));
-        const int shownLabel = std::min(px(pairLabelWidth), pairs.width / 2);
+        const int shownLabel = std::min(pairs.label, std::max(pairs.width - px(pairBoxMinimum), pairs.width / 2));
         show(label, {left, top, shownLabel, px(lineHeight)});
         show(box, {left + shownLabel, top, pairs.width - shownLabel, px(lineHeight)});
     }

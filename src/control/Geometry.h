@@ -29,6 +29,8 @@ struct GeometryInput {
     int panelPairs = 0;         ///< drop-downs of the filter panel
     int classTypeLabelText = 0; ///< pixels at 96 dots an inch that the label's text takes
     int hideButtonText = 0;     ///< and the longest text of the column buttons
+    int pairLabelText = 0;      ///< of the labels of option boxes and filter panel, which the host's metadata name
+    int pageBoxText = 0;        ///< and of the page boxes
 };
 
 /// Where a control stands; an empty rectangle where there is no room for it.

@@ -34,6 +34,12 @@ void layOutControls(FilterState& state) {
     input.classTypeLabelText = captionWidth(controls.lblClassType.caption());
     for (int i = 0; i <= controls.cmdHide.upperBound(); ++i)
         input.hideButtonText = std::max(input.hideButtonText, captionWidth(controls.cmdHide(i).caption()));
+    for (const ui::Label* label : {&controls.lblTime, &controls.lblCheck, &controls.lblPost})
+        input.pairLabelText = std::max(input.pairLabelText, captionWidth(label->caption()));
+    for (const auto& label : controls.lblFilter)
+        input.pairLabelText = std::max(input.pairLabelText, captionWidth(label->caption()));
+    for (const auto& box : controls.chkPage)
+        input.pageBoxText = std::max(input.pageBoxText, captionWidth(box->caption()));
     const Geometry g = computeGeometry(input);
 
     controls.UserControl.setBounds({0, 0, state.size.width, state.size.height});

@@ -82,14 +82,17 @@ TEST(Geometry, NothingOverlapsOrLeavesTheControl) {
                 for (const bool options : {false, true})
                     for (const int boxes : {0, 1, 2, 4, 30})
                         for (const int pairs : {0, 1, 3, 20})
-                            for (const double scale : {1.0, 1.25, 1.5, 2.0}) {
-                                const auto px = [scale](int v) { return static_cast<int>(v * scale); };
-                                const Geometry g = computeGeometry(
-                                    {{px(width), px(height), scale}, page, schemes, options, boxes, pairs});
-                                SCOPED_TRACE(testing::Message()
-                                             << width << "x" << height << " scale " << scale << " page "
-                                             << static_cast<int>(page) << " schemes " << schemes << " options "
-                                             << options << " pages " << boxes << " pairs " << pairs);
+                            for (const auto& [scale, text] :
+                                 {std::pair{1.0, 0}, {1.0, 90}, {1.25, 0}, {1.5, 500}, {2.0, 0}, {2.0, 130}}) {
+                                const auto px = [factor = scale](int v) { return static_cast<int>(v * factor); };
+                                GeometryInput input{
+                                    {px(width), px(height), scale}, page, schemes, options, boxes, pairs};
+                                input.pairLabelText = input.pageBoxText = text;
+                                const Geometry g = computeGeometry(input);
+                                SCOPED_TRACE(testing::Message() << width << "x" << height << " scale " << scale
+                                                                << " page " << static_cast<int>(page) << " schemes "
+                                                                << schemes << " options " << options << " pages "
+                                                                << boxes << " pairs " << pairs << " text " << text);
                                 expectApartWithin(onControl(g), px(width), px(height));
                                 auto panel = numbered("label", g.lblFilter);
                                 const auto panelBoxes = numbered("box", g.cmbFilter);
@@ -144,6 +147,21 @@ TEST(Geometry, MakesRoomForLongerCaptions) {
         }
     }
     EXPECT_LE(captionWidth(u"单据类型"), 60) << "the usual labels keep their places";
+
+    GeometryInput input{{900, 400, 1}, TabPage::conditions, true, true, 5, 4};
+    const int usualLabel = computeGeometry(input).lblFilter[0].bounds.width;
+    input.pairLabelText = captionWidth(u"收款类型");
+    EXPECT_EQ(computeGeometry(input).lblFilter[0].bounds.width, usualLabel) << "four Chinese letters fit anyway";
+    input.pairLabelText = input.pageBoxText = 130;
+    for (const int width : {900, 480}) {
+        input.size.width = width;
+        const Geometry g = computeGeometry(input);
+        EXPECT_GE(g.lblFilter[0].bounds.width, 130) << width;
+        EXPECT_GE(g.lblTime.bounds.width, 130) << width;
+        EXPECT_GE(g.cmbFilter[0].bounds.width, 40) << width;
+        EXPECT_GE(g.chkPage[4].bounds.width, 150) << width;
+        EXPECT_GE(g.vsFilter.bounds.height, 66) << width;
+    }
 }
 
 TEST(Geometry, ScrollsPagesThatDoNotFit) {
