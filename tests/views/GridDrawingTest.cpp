@@ -195,6 +195,28 @@ TEST(GridDrawing, CellsShowCaptionsAndDatesAsUsersReadThem) {
     EXPECT_EQ(shownInCell(grid, 3, 1).size(), 300U) << "a long text of the user's is no padded item";
 }
 
+TEST(GridDrawing, ColumnsOfOneCaptionHaveOneHeaderWhateverTheFirstRowSpans) {
+    ui::Spread grid(u"grid");
+    grid.setMaxRows(2);
+    grid.setMaxCols(6);
+    for (const auto& [column, caption] : {std::pair{1, u"field"}, {2, u"value"}, {4, u"value"}, {6, u"end"}})
+        grid.setText(column, 0, caption);
+    const auto columns = [&grid](int column) {
+        const ui::CellSpan block = headerBlock(grid, column);
+        return std::pair(block.column, block.lastColumn());
+    };
+    for (const ui::CellSpan span : {ui::CellSpan{2, 1, 1, 1}, ui::CellSpan{2, 1, 3, 1}, ui::CellSpan{3, 1, 2, 1}}) {
+        if (span.columns > 1)
+            grid.addSpan(span);
+        for (const int column : {2, 3, 4})
+            EXPECT_EQ(columns(column), std::pair(2, 4)) << span.column << "+" << span.columns;
+        EXPECT_EQ(columns(1), std::pair(1, 1));
+        EXPECT_EQ(columns(5), std::pair(5, 5));
+        EXPECT_EQ(columns(6), std::pair(6, 6));
+        grid.removeSpan(span.column, span.row);
+    }
+}
+
 TEST(InactivePicture, IsDrawnIntoBitmapsAndMetafiles) {
     Stage stage;
     stage.openClassType(1000201);

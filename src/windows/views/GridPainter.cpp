@@ -223,6 +223,25 @@ class Painter {
     bool plainColors_;
 };
 
+/// The columns of one caption around `column`, with blank ones between the first and the last.
+ui::CellSpan sameCaption(const ui::Spread& grid, int column) {
+    int first = 1, last = 1;
+    for (; first <= column; first = last + 1) {
+        last = first;
+        const std::u16string& caption = grid.text(first, 0);
+        for (int other = first + 1; !caption.empty() && other <= grid.maxCols(); ++other) {
+            const std::u16string& text = grid.text(other, 0);
+            if (text == caption)
+                last = other;
+            else if (!text.empty())
+                break;
+        }
+        if (column <= last)
+            break;
+    }
+    return {first, 0, last - first + 1, 1};
+}
+
 } // namespace
 
 void paintGrid(HDC dc, POINT origin, const RECT& clip, const ui::Spread& grid, const GridLayout& layout,
@@ -254,6 +273,9 @@ std::u16string shownInCell(const ui::Spread& grid, int column, int row) {
 }
 
 ui::CellSpan headerBlock(const ui::Spread& grid, int column) {
+    const ui::CellSpan named = sameCaption(grid, column);
+    if (named.columns > 1)
+        return named;
     const ui::CellSpan single{column, 0, 1, 1};
     if (grid.maxRows() < 1)
         return single;

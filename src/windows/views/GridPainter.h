@@ -27,8 +27,8 @@ bool hasButton(const ui::Spread& grid, int column, int row);
 /// What a cell shows: captions without their keys, dates and times in their shown form.
 std::u16string shownInCell(const ui::Spread& grid, int column, int row);
 
-/// The header cells that are drawn as one: those above cells that the first row spans, when no other has a text of its
-/// own.
+/// The header cells that are drawn as one: those of one caption, with blank ones between them; and those above cells
+/// that the first row spans, when no other has a text of its own.
 ui::CellSpan headerBlock(const ui::Spread& grid, int column);
 
 } // namespace orv::windows
