@@ -63,7 +63,12 @@ ConditionGrid::ConditionGrid(ui::Spread& vsFilter, ConditionGridHost& host) : gr
                                     [&] { comboSelectionChange(column, row); });
             goToValue(column, row);
         } catch (const AutomationError& error) {
-            // The line stays as far as it was set up; the host's diagnostics learn why.
+            // A line that is set up in part shows no comparison, which no filter text is made of: its value could be
+            // one that nobody has entered. The host's diagnostics learn why.
+            if (row <= grid_.maxRows()) {
+                grid_.setComboSelection(column::comparison, row, -1);
+                comparisonChanged(row);
+            }
             host_.log(error.description());
         }
     });

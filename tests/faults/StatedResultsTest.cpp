@@ -120,6 +120,26 @@ TEST_F(StatedResults, AFilterIsNeverPartOfTheConditions) {
     EXPECT_EQ(filterText(filter), all);
 }
 
+TEST_F(StatedResults, AConditionOfTheUsersIsWholeOrRefused) {
+    ui::Spread& grid = filter.controls().vsFilter;
+    int refused = 0;
+    failEveryCall(
+        [&] {
+            filter.put_DataSrv(host.dataService(receipts)); // nothing of the fields is known yet
+            ASSERT_TRUE(filter.Initialize());
+            begin();
+            grid.userChoose(2, 1, 2);
+            grid.userChoose(4, 1, 1);
+        },
+        [&](bool) {
+            const std::u16string text = filterText(filter);
+            refused += text.starts_with(u"error ") ? 1 : 0;
+            EXPECT_TRUE(text == u" ( t.FKind= 2 ) " || text.starts_with(u"error ")) << toUtf8(text);
+        });
+    EXPECT_GT(refused, 2);
+    EXPECT_EQ(filterText(filter), u" ( t.FKind= 2 ) ");
+}
+
 TEST_F(StatedResults, ByReferenceArgumentsChangeTogetherOrNotAtAll) {
     failEveryCall(
         [&] {
