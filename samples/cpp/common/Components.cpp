@@ -2,6 +2,7 @@
 
 #include "DataService.h"
 #include "Records.h"
+#include "Schemes.h"
 
 namespace {
 
@@ -13,31 +14,6 @@ class ServerData final : public LateBound {
 
   private:
     Variant answer(const Call& call) override;
-};
-
-/// A recordset of one row and one column, with the member names of ADO. A real host hands its own recordsets out.
-class OneValue final : public LateBound {
-  public:
-    explicit OneValue(Variant value)
-        : LateBound({L"EOF", L"RecordCount", L"Fields", L"MoveNext", L"Value"}), value_(std::move(value)) {}
-
-  private:
-    Variant answer(const Call& call) override {
-        if (call.member == L"EOF")
-            return atEnd_;
-        if (call.member == L"RecordCount")
-            return LONG{1};
-        if (call.member == L"Fields")
-            return static_cast<IDispatch*>(this); // its own only field
-        if (call.member == L"MoveNext") {
-            atEnd_ = true;
-            return {};
-        }
-        return value_;
-    }
-
-    Variant value_;
-    bool atEnd_ = false;
 };
 
 Variant ServerData::answer(const Call&) {
@@ -66,6 +42,17 @@ class ResourceLoader final : public LateBound {
     Variant fileName_;
 };
 
+/// "ORVPropsMgr.ShareProps": tells who the user is.
+class UserProperties final : public LateBound {
+  public:
+    UserProperties() : LateBound({L"GetProperty"}) {}
+
+  private:
+    Variant answer(const Call& call) override {
+        return call.argument(0).string() == L"PropsString" ? userProperties : L"";
+    }
+};
+
 } // namespace
 
 const std::vector<Component>& components() {
@@ -85,6 +72,24 @@ const std::vector<Component>& components() {
         {L"ORVResLoader.Loader",
          {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x05}},
          [] { return make<ResourceLoader>(); }},
+        {L"ORVPropsMgr.ShareProps",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x06}},
+         [] { return make<UserProperties>(); }},
+        {L"ORVMProfile.classInfo",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x07}},
+         makeSchemeStore},
+        {L"ORVMProfile.classUpdate",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x08}},
+         makeSchemeStore},
+        {L"ORVMProfile.ClassUserProfileInfo",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x09}},
+         makeSchemeStore},
+        {L"ORVMProfile.ClassUserProfileUpdate",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x0a}},
+         makeSchemeStore},
+        {L"ORVConnection.AppConnection",
+         {0x6f0d1b52, 0x3b7e, 0x4c0b, {0x9d, 0x5e, 0x60, 0x1c, 0x52, 0x7a, 0x11, 0x0b}},
+         makeSchemeStore},
     };
     return all;
 }

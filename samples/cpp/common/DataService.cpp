@@ -1,5 +1,6 @@
 #include "DataService.h"
 
+#include "Calls.h"
 #include "Records.h"
 
 namespace {
@@ -9,6 +10,7 @@ constexpr LONG receipts = 1;
 // What kind of column a field is; more codes are in the guide.
 constexpr LONG dateColumn = 0;
 constexpr LONG textColumn = 1;
+constexpr LONG stateColumn = 2; // a number that the user picks from a list
 constexpr LONG amountColumn = 6;
 
 /// A field record. `column` is the SQL expression; `comparisons` tells getCondition which list the field has.
@@ -26,6 +28,13 @@ ComPtr<IDispatch> field(const wchar_t* key, const wchar_t* caption, LONG type, c
         {L"FNeedAs", false},
         {L"FParentKey", L""},
     });
+}
+
+/// A field whose values have captions: "VALUELIST{key=caption,key=caption}".
+ComPtr<IDispatch> listField(const wchar_t* key, const wchar_t* caption, const wchar_t* column, const wchar_t* values) {
+    ComPtr<IDispatch> made = field(key, caption, stateColumn, column, stateColumn);
+    put(made.get(), L"", {L"FLookUpList", values});
+    return made;
 }
 
 /// An item of the select list: the fields in the order of the lists, by their keys ("Fkey" has a small k here).
@@ -48,6 +57,15 @@ ComPtr<IDispatch> comparison(const wchar_t* name, const wchar_t* sqlOperator, co
     });
 }
 
+/// A comparison with a list: the user picks a caption of the field's values, the SQL text gets the key.
+ComPtr<IDispatch> choice(const wchar_t* name, const wchar_t* sqlOperator) {
+    ComPtr<IDispatch> made = comparison(name, sqlOperator);
+    put(made.get(), L"", {L"FInputCtlType", L"1"});
+    put(made.get(), L"", {L"FDataFieldIndex", L"2"});    // the key, not the caption
+    put(made.get(), L"", {L"FDataSourceType", LONG{3}}); // the field's FLookUpList
+    return made;
+}
+
 using Records = std::vector<ComPtr<IDispatch>>;
 
 /// The comparisons of a field, in the order of the list.
@@ -58,6 +76,8 @@ Records comparisons(LONG set) {
                 comparison(L"介于", L" BETWEEN "), comparison(L"今天", L"=", L"TODAY")};
     case textColumn:
         return {comparison(L"等于", L"="), comparison(L"包含", L" LIKE "), comparison(L"不包含", L" NOT LIKE ")};
+    case stateColumn:
+        return {choice(L"等于", L"="), choice(L"不等于", L"<>")};
     default:
         return {comparison(L"等于", L"="), comparison(L"大于", L">"), comparison(L"小于", L"<")};
     }
@@ -83,8 +103,10 @@ Variant DataService::answer(const Call& call) {
             {L"FDate", field(L"FDate", L"日期", dateColumn, L"t_Receipt.FDate", dateColumn).get()},
             {L"FCustomer", field(L"FCustomer", L"客户", textColumn, L"t_Receipt.FCustomer", textColumn).get()},
             {L"FAmount", field(L"FAmount", L"金额", amountColumn, L"t_Receipt.FAmount", amountColumn).get()},
+            {L"FStatus", listField(L"FStatus", L"状态", L"t_Receipt.FStatus", L"VALUELIST{0=未审核,1=已审核}").get()},
         });
-        selectList_ = make<Collection>(Records{selectable(L"FDate"), selectable(L"FCustomer"), selectable(L"FAmount")});
+        selectList_ = make<Collection>(
+            Records{selectable(L"FDate"), selectable(L"FCustomer"), selectable(L"FAmount"), selectable(L"FStatus")});
         return {};
     }
     if (call.member == L"SelectList")

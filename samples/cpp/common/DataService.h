@@ -2,7 +2,8 @@
 
 #include "LateBound.h"
 
-/// "ORVClassTpl.DataSrv": describes one class type to the control, here receipts with a date, a customer and an amount.
+/// "ORVClassTpl.DataSrv": describes one class type to the control, here receipts with a date, a customer, an amount
+/// and a state.
 /// A real host reads all this from its own metadata.
 class DataService final : public LateBound {
   public:

@@ -76,3 +76,17 @@ Variant Collection::answer(const Call& call) {
         throw Failure{outOfRange, L"no item " + std::to_wstring(position)};
     return items_[static_cast<std::size_t>(position) - 1];
 }
+
+Variant OneValue::answer(const Call& call) {
+    if (call.member == L"EOF")
+        return atEnd_;
+    if (call.member == L"RecordCount")
+        return LONG{1};
+    if (call.member == L"Fields")
+        return static_cast<IDispatch*>(this); // its own only field
+    if (call.member == L"MoveNext") {
+        atEnd_ = true;
+        return {};
+    }
+    return value_;
+}

@@ -32,3 +32,16 @@ class Collection final : public LateBound {
 
     std::vector<Variant> items_;
 };
+
+/// A recordset of one row and one column, with the member names of ADO. A real host hands its own recordsets out.
+class OneValue final : public LateBound {
+  public:
+    explicit OneValue(Variant value)
+        : LateBound({L"EOF", L"RecordCount", L"Fields", L"MoveNext", L"Value"}), value_(std::move(value)) {}
+
+  private:
+    Variant answer(const Call& call) override;
+
+    Variant value_;
+    bool atEnd_ = false;
+};

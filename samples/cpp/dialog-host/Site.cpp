@@ -1,6 +1,6 @@
 #include "Site.h"
 
-#include "Control.h"
+#include "Calls.h"
 
 void Site::embed(IUnknown* control, const RECT& place) {
     place_ = place;

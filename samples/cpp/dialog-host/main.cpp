@@ -1,7 +1,7 @@
 // The control in a dialog with two buttons.
 //
-//   dialog-host.exe            shows it; 确定 prints the SQL, 取消 nothing
-//   dialog-host.exe --demo     sets conditions and presses 确定 by itself
+//   dialog-host.exe            shows it; 确定 shows the SQL and prints it, 取消 ends
+//   dialog-host.exe --demo     sets conditions, presses 确定 by itself and prints the SQL
 #include "Control.h"
 #include "Site.h"
 
@@ -14,7 +14,7 @@ namespace {
 constexpr UINT_PTR demoTimer = 1;
 
 struct FilterDialog {
-    explicit FilterDialog(HWND dialog) : window(dialog), site(dialog) {}
+    FilterDialog(HWND dialog, bool demo) : window(dialog), site(dialog), isDemo(demo) {}
     ~FilterDialog() {
         SetWindowLongPtrW(window, DWLP_USER, 0);
         if (filter)
@@ -25,6 +25,7 @@ struct FilterDialog {
     HWND window;
     Site site;
     ComPtr<_Filter> filter;
+    bool isDemo;
     bool isDone = false;
 };
 
@@ -44,16 +45,20 @@ void layOut(FilterDialog& dialog) {
     dialog.site.move({gap, gap, client.right - gap, top - gap});
 }
 
-/// Prints what the user asked for. A condition that is not complete yet keeps the dialog open: the control has said so.
-bool takeResult(_Filter* filter) {
+/// Gives out what the user asked for. A condition that is not complete yet keeps the dialog open: the control has said
+/// so.
+bool takeResult(const FilterDialog& dialog) {
+    const ComPtr<_Filter> filter = dialog.filter;
     VARIANT_BOOL done = VARIANT_FALSE;
     Text where, head, entry;
     check(filter->GetFilterSql(where.address(), VARIANT_FALSE, &done));
     if (!done)
         return false;
     check(filter->GetSortString(head.address(), entry.address(), &done));
-    printLine(L"filter: " + where.string());
-    printLine(L"sort: " + head.string());
+    const std::wstring texts = L"filter: " + where.string() + L"\nsort: " + head.string();
+    printLine(texts); // a program with windows has no console of its own: redirect it to a file to read this
+    if (!dialog.isDemo)
+        MessageBoxW(dialog.window, texts.c_str(), L"dialog-host", MB_OK);
     return true;
 }
 
@@ -69,7 +74,7 @@ INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM) {
             KillTimer(window, demoTimer);
             SendMessageW(GetDlgItem(window, IDOK), BM_CLICK, 0, 0);
         } else if (message == WM_COMMAND) {
-            dialog->isDone = LOWORD(first) == IDCANCEL || (LOWORD(first) == IDOK && takeResult(dialog->filter.get()));
+            dialog->isDone = LOWORD(first) == IDCANCEL || (LOWORD(first) == IDOK && takeResult(*dialog));
         } else {
             return FALSE;
         }
@@ -81,7 +86,8 @@ INT_PTR CALLBACK procedure(HWND window, UINT message, WPARAM first, LPARAM) {
 }
 
 void run(bool isDemo) {
-    FilterDialog dialog(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), nullptr, procedure, 0));
+    FilterDialog dialog(CreateDialogParamW(GetModuleHandleW(nullptr), MAKEINTRESOURCEW(1), nullptr, procedure, 0),
+                        isDemo);
     SetWindowLongPtrW(dialog.window, DWLP_USER, reinterpret_cast<LONG_PTR>(&dialog));
     dialog.filter = createFilter();
     dialog.site.embed(dialog.filter.get(), {0, 0, 100, 100});

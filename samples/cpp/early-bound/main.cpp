@@ -9,18 +9,26 @@
 
 namespace {
 
-std::wstring numberOfColumns(_Filter* filter) {
+std::wstring columns(_Filter* filter) {
     ComPtr<IDispatch> header;
     check(filter->get_m_Header(header.put()));
-    Text name(L"Count");
-    BSTR member = name.get();
-    DISPID id = DISPID_UNKNOWN;
-    check(header->GetIDsOfNames(IID_NULL, &member, 1, LOCALE_USER_DEFAULT, &id));
-    DISPPARAMS none{};
-    Variant count;
-    check(
-        header->Invoke(id, IID_NULL, LOCALE_USER_DEFAULT, DISPATCH_PROPERTYGET, &none, count.get(), nullptr, nullptr));
-    return count.string();
+    std::wstring keys;
+    const LONG count = call(header.get(), L"Count").number();
+    for (LONG i = 1; i <= count; ++i) {
+        const Variant column = call(header.get(), L"", {i});
+        keys += L" " + call(column.object(), L"", {L"FKey"}).string();
+    }
+    return keys;
+}
+
+/// Saves what is on the grids, without questions: nothing is selected, so it becomes the default scheme.
+std::wstring savedSchemes(_Filter* filter) {
+    Variant nothing;
+    check(filter->SaveScheme(nothing.get()));
+    const ComPtr<IDispatch> store = createComponent(L"ORVMProfile.classInfo");
+    const Variant list = call(store.get(), L"GetProfileList", {L"", LONG{1}});
+    const Variant first = call(list.object(), L"", {LONG{1}});
+    return call(list.object(), L"Count").string() + L", " + call(first.object(), L"", {L"FSchemeName"}).string();
 }
 
 void run() {
@@ -37,7 +45,8 @@ void run() {
     Text head, entry;
     check(filter->GetSortString(head.address(), entry.address(), &done));
     printLine(L"sort: " + head.string());
-    printLine(L"columns: " + numberOfColumns(filter.get()));
+    printLine(L"columns:" + columns(filter.get()));
+    printLine(L"schemes: " + savedSchemes(filter.get()));
 
     // The server's date comes from the host's "ORVEBCGLView.GLData".
     DATE today = 0;
