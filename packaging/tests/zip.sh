@@ -25,12 +25,19 @@ done
 folder=$work/zip/ORVFilter-$version-$arch
 run_package_tests "the unpacked zip" "$folder"
 
-# The helpers register and unregister the control beside them, and tell when they cannot.
+# The helpers register and unregister the control beside them, and tell when they cannot. Names of classes are those of
+# both bitnesses; a Wine prefix may keep those of 32-bit programs apart all the same.
 helper() { "${wine[@]}" cmd /c "Z:$folder/$1" ${2:+"$2"} >/dev/null 2>&1; }
-is_registered() { "${wine[@]}" reg query "$1\\ORVFilter.Filter\\CLSID" >/dev/null 2>&1 && echo yes || echo no; }
+is_registered() {
+    local place
+    for place in "$1" "$1\\${view%\\}"; do
+        "${wine[@]}" reg query "$place\\ORVFilter.Filter\\CLSID" >/dev/null 2>&1 && { echo yes; return; }
+    done
+    echo no
+}
 for scope in machine user; do
     case $scope in
-    machine) argument="" classes="HKLM\\Software\\Classes${view:+\\${view%\\}}" ;;
+    machine) argument="" classes="HKLM\\Software\\Classes" ;;
     user) argument=user classes="HKCU\\Software\\Classes" ;;
     esac
     helper register.cmd "$argument"
@@ -70,7 +77,7 @@ expect "a missing component fails the program" $? 1
 expect "a missing component is named" "$(tail -n 1 "$work/sample" | tr -d '\r')" "failed: ActiveX 部件不能创建对象: ORVEBCGLView.GLData (0x800A01AD)"
 cp "$work/manifest" "$manifest"
 # A script, with control and components registered; another's component keeps its place.
-foreign="HKLM\\Software\\Classes\\${view}ORVConnection.AppConnection\\CLSID"
+foreign="HKLM\\Software\\Classes\\ORVConnection.AppConnection\\CLSID"
 class_of() { "${wine[@]}" reg query "$1" /ve 2>/dev/null | tr -d '\r' | grep -oE '\{.*\}'; }
 "${wine[@]}" reg add "$foreign" /ve /d "{00000000-0000-0000-0000-000000000001}" /f >/dev/null 2>&1
 helper register.cmd ""
