@@ -21,7 +21,8 @@ control.DataSrv = service
 ok = control.Initialize()
 WScript.Echo "Initialize: " & CInt(ok)
 
-' "(", column, comparison from 0, value, ")", logic word. Any logic word but the Chinese "and" is "or".
+' "(", column, comparison from 0, value, ")", logic word. Any logic word but the Chinese "and",
+' ChrW(&H5E76) & ChrW(&H4E14), is "or".
 Set scheme = CreateObject("QDX.Dictionary")
 scheme("Relation") = Condition("t_Receipt.FDate", 3, "2024-02-01 AND 2024-02-29", "OR") & _
     Condition("t_Receipt.FStatus", 0, "1", "")
