@@ -60,7 +60,7 @@ ObjectRef returnObject(const ObjectRef& service) {
 
 } // namespace
 
-bool opensDialog(std::int32_t lookUpKind) {
+bool opensDialog(double lookUpKind) {
     constexpr std::array kinds{kind::baseData, kind::auxiliaryData, kind::bill,
                                kind::account,  kind::baseDataToo,   kind::item};
     return std::ranges::find(kinds, lookUpKind) != kinds.end();

@@ -36,7 +36,7 @@ struct LookUpChoice {
 };
 
 /// Whether a field's `FLookUpType` names a dialog. Fields without one may still have that of a field of their page.
-bool opensDialog(std::int32_t lookUpKind);
+bool opensDialog(double lookUpKind);
 
 /// Lets the user choose the value of a condition in the dialog that its field's `FLookUpType` names.
 class LookUp {

@@ -1,5 +1,6 @@
 #include "editor/ValueCell.h"
 
+#include "automation/LocaleRules.h"
 #include "conditions/DateKeywords.h"
 #include "conditions/TypeClasses.h"
 #include "editor/LookUp.h"
@@ -58,6 +59,12 @@ CellFormat numberFormat(const FieldRecord& field, const DecimalPlaces& places) {
     return format;
 }
 
+/// The button only shortens the way to a look-up: a type that is no number shows none, and the look-up says so itself.
+bool looksUp(const FieldRecord& field) {
+    const std::optional<double> kind = automation::localeRules().parseNumber(field.text(u"FLookUpType"));
+    return kind && opensDialog(*kind);
+}
+
 } // namespace
 
 CellFormat textCellFormat(const FieldRecord& field) {
@@ -81,7 +88,7 @@ ValueCellShape shapeValueCell(const CompareEntry& entry, const FieldRecord& fiel
     shape.format = textCellFormat(field);
     if (!entry.FInput)
         return shape;
-    shape.format.looksUp = opensDialog(field.number(u"FLookUpType"));
+    shape.format.looksUp = looksUp(field);
     if (entry.FInputCtlType == u"1") {
         shape.list = ValueCellShape::List::items;
         return shape;

@@ -250,7 +250,7 @@ conditions::CompareEntry comparison(const char16_t* operation, const char16_t* c
 }
 
 TEST(ValueCell, HasAButtonWhereTheFieldHasADialogForOneValue) {
-    const auto looksUp = [](int lookUpType, const conditions::CompareEntry& entry) {
+    const auto looksUp = [](const automation::Value& lookUpType, const conditions::CompareEntry& entry) {
         CatalogueBuilder builder;
         builder.field({{u"FKey", u"F"}, {u"FColType", 1}, {u"FLookUpType", lookUpType}});
         auto catalogue = builder.catalogue();
@@ -260,6 +260,8 @@ TEST(ValueCell, HasAButtonWhereTheFieldHasADialogForOneValue) {
         EXPECT_TRUE(looksUp(type, comparison(u"=", u"0"))) << type;
     for (const int type : {0, 6, 9, 11})
         EXPECT_FALSE(looksUp(type, comparison(u"=", u"0"))) << type;
+    EXPECT_TRUE(looksUp(u"4", comparison(u"=", u"0"))) << "a number as a text";
+    EXPECT_FALSE(looksUp(u"item", comparison(u"=", u"0"))) << "no number at all";
     EXPECT_TRUE(looksUp(1, comparison(u"=", u"1"))) << "a list that turns out empty";
     EXPECT_FALSE(looksUp(1, comparison(u"IN", u"2"))) << "a look-up would replace the other values";
     EXPECT_FALSE(looksUp(1, comparison(u"=", u"0", u"", u"ISNULL", false))) << "no value is asked for";

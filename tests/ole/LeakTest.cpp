@@ -1,6 +1,8 @@
 #include "automation/Coercion.h"
 #include "ole/Container.h"
 #include "ole/GuiObjects.h"
+#include "ole/SampleComponents.h"
+#include "ole/User.h"
 #include "windows/com/ComObjectFactory.h"
 #include "windows/com/Wrappers.h"
 
@@ -15,47 +17,6 @@ namespace {
 
 using automation::ObjectRef;
 using automation::Value;
-
-/// The sample host's components, known to the system for the length of a test.
-class RegisteredHost {
-  public:
-    RegisteredHost() {
-        if (FAILED(dll_.registerServer()))
-            throw std::runtime_error("the sample host cannot be registered");
-    }
-    RegisteredHost(const RegisteredHost&) = delete;
-    RegisteredHost& operator=(const RegisteredHost&) = delete;
-    ~RegisteredHost() { dll_.unregisterServer(); }
-
-  private:
-    Dll dll_{u"OrvSampleHost.dll"};
-};
-
-struct Search {
-    const wchar_t* text;
-    HWND found;
-};
-BOOL CALLBACK hasText(HWND window, LPARAM data) {
-    auto& search = *reinterpret_cast<Search*>(data);
-    wchar_t text[32] = {};
-    GetWindowTextW(window, text, 32);
-    if (IsWindowVisible(window) && lstrcmpW(text, search.text) == 0)
-        search.found = window;
-    return search.found == nullptr;
-}
-HWND childWithText(HWND parent, const wchar_t* text) {
-    Search search{text, nullptr};
-    EnumChildWindows(parent, hasText, reinterpret_cast<LPARAM>(&search));
-    return search.found;
-}
-
-void key(WPARAM code) {
-    SendMessageW(GetFocus(), WM_KEYDOWN, code, 1);
-}
-void type(std::u16string_view letters) {
-    for (const char16_t letter : letters)
-        SendMessageW(GetFocus(), WM_CHAR, letter, 1);
-}
 
 /// Puts a condition into the first line: list, edit box and all.
 void enterCondition(HWND grid) {

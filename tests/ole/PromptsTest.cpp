@@ -1,4 +1,5 @@
 #include "ole/Container.h"
+#include "ole/User.h"
 #include "windows/com/IFilterControls.h"
 
 #include <gtest/gtest.h>
@@ -6,32 +7,6 @@
 namespace orv::windows::test {
 
 namespace {
-
-/// What a user does once a modal window of the process has come up: asked by a timer, in the modal window's own loop.
-class ModalUser {
-  public:
-    explicit ModalUser(std::function<void(HWND)> acts) {
-        user = std::move(acts);
-        timer_ = SetTimer(nullptr, 0, 30, look);
-    }
-    ModalUser(const ModalUser&) = delete;
-    ModalUser& operator=(const ModalUser&) = delete;
-    ~ModalUser() {
-        KillTimer(nullptr, timer_);
-        user = nullptr;
-    }
-
-  private:
-    static void CALLBACK look(HWND, UINT, UINT_PTR, DWORD) {
-        const HWND modal = FindWindowW(L"#32770", nullptr);
-        DWORD process = 0;
-        GetWindowThreadProcessId(modal, &process);
-        if (modal && process == GetCurrentProcessId() && user)
-            user(modal);
-    }
-    static inline std::function<void(HWND)> user;
-    UINT_PTR timer_;
-};
 
 std::u16string captionOf(HWND window) {
     wchar_t text[200];

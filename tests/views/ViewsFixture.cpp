@@ -62,7 +62,7 @@ Stage::Stage(int dpi, int width, int height) {
                              GetModuleHandleW(nullptr), nullptr);
     // Shown without activation: where no window manager runs, waiting for it to activate a window takes seconds.
     ShowWindow(frame_, SW_SHOWNA);
-    window = std::make_unique<FilterWindow>(frame_, RECT{0, 0, width, height}, *filter, appearanceAt(dpi));
+    window = std::make_unique<FilterWindow>(frame_, RECT{0, 0, width, height}, *filter, nullptr, appearanceAt(dpi));
     SetForegroundWindow(frame_);
     // Clicks of a test follow each other faster than a user's.
     SetDoubleClickTime(1);

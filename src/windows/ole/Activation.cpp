@@ -9,11 +9,6 @@ namespace orv::windows {
 
 namespace {
 
-/// The control for the length of a call that starts in a window and not in a COM method.
-ComPtr<IUnknown> keepAlive(const OleSite& site) noexcept {
-    return ComPtr<IUnknown>::copyFrom(&site.control);
-}
-
 /// What the container shows in its title while the control is active.
 constexpr const wchar_t* activeObjectName = L"ORVFilter.Filter";
 
@@ -87,7 +82,7 @@ HRESULT Activation::openWindow(const ComPtr<IOleInPlaceSite>& place) {
         return E_FAIL;
     site_.frame = frame;
     site_.document = document;
-    window_ = std::make_unique<FilterWindow>(parent, position, filter_, site_.ambients.look);
+    window_ = std::make_unique<FilterWindow>(parent, position, filter_, &site_.control, site_.ambients.look);
     window_->onFocus = [this] { onFocus(); };
     window_->onLostFocus = [this] { onLostFocus(); };
     window_->onTabOut = [this](bool) { onTabOut(); };
@@ -125,7 +120,8 @@ HRESULT Activation::announce() {
     if (!isUiActive_)
         return S_OK;
     ComPtr<IOleInPlaceActiveObject> self;
-    if (const HRESULT asked = keepAlive(site_).as(self); FAILED(asked))
+    if (const HRESULT asked = site_.control.QueryInterface(__uuidof(IOleInPlaceActiveObject), self.putVoid());
+        FAILED(asked))
         return asked;
     const ComPtr<IOleInPlaceFrame> frame = site_.frame;
     const ComPtr<IOleInPlaceUIWindow> document = site_.document;
@@ -268,13 +264,11 @@ void Activation::layOut(const SIZEL& extent) {
 }
 
 void Activation::onFocus() {
-    const ComPtr<IUnknown> alive = keepAlive(site_);
     guarded([&] { return activateUi(FocusStop::keep); });
     site_.sendFocus(true);
 }
 
 void Activation::onLostFocus() {
-    const ComPtr<IUnknown> alive = keepAlive(site_);
     site_.sendFocus(false);
 }
 
@@ -284,7 +278,6 @@ void Activation::onTabOut() {
         return;
     }
     // The container does not offer its messages: the key that led out is offered to it. Shift tells the direction.
-    const ComPtr<IUnknown> alive = keepAlive(site_);
     MSG message{};
     message.hwnd = hwnd();
     message.message = WM_KEYDOWN;

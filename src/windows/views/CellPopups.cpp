@@ -70,7 +70,8 @@ LRESULT CellEdit::onMessage(UINT message, WPARAM wParam, LPARAM lParam) {
         return DLGC_WANTALLKEYS | pass(message, wParam, lParam);
     case WM_KEYDOWN:
     case WM_SYSKEYDOWN:
-        if (onKey && onKey(wParam))
+        // A key that ends editing takes the function away.
+        if (const auto offer = onKey; offer && offer(wParam))
             return 0;
         break;
     case WM_CHAR:

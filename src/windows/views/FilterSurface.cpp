@@ -34,8 +34,9 @@ bool isGrid(const ControlView& view) {
 
 } // namespace
 
-FilterSurface::FilterSurface(control::Filter& filter, const Appearance& look, FilterWindow& owner)
+FilterSurface::FilterSurface(control::Filter& filter, IUnknown* control, const Appearance& look, FilterWindow& owner)
     : filter_(filter), owner_(&owner), dressing_(std::make_shared<Dressing>(look)) {
+    keepDuringMessages(control);
     dressing_->translated = [this](std::u16string_view text, std::u16string_view first) {
         return filter_.translated(text, first);
     };
@@ -51,6 +52,11 @@ FilterSurface::FilterSurface(control::Filter& filter, const Appearance& look, Fi
 FilterSurface::~FilterSurface() {
     subscriptions_.clear();
     views_.clear();
+}
+
+void FilterSurface::disown() noexcept {
+    owner_ = nullptr;
+    keepDuringMessages(nullptr);
 }
 
 void FilterSurface::open(HWND parent, const RECT& bounds) {

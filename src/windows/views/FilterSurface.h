@@ -11,12 +11,13 @@ namespace orv::windows {
 /// The control's own window: keeps a view for every constituent control, in tab order.
 class FilterSurface final : public ContainerWindow {
   public:
-    FilterSurface(control::Filter& filter, const Appearance& look, FilterWindow& owner);
+    /// Messages keep `control` alive, whose part the filter is.
+    FilterSurface(control::Filter& filter, IUnknown* control, const Appearance& look, FilterWindow& owner);
     ~FilterSurface() override;
 
     void open(HWND parent, const RECT& bounds);
-    /// The owner goes: nobody is to be told of anything any more.
-    void disown() noexcept { owner_ = nullptr; }
+    /// The owner goes, and the control perhaps with it: nobody is to be told of anything any more.
+    void disown() noexcept;
     void move(const RECT& bounds);
     void setAppearance(const Appearance& look);
     bool translateKey(MSG& message);

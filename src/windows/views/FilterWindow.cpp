@@ -4,8 +4,9 @@
 
 namespace orv::windows {
 
-FilterWindow::FilterWindow(HWND parent, const RECT& bounds, control::Filter& filter, const Appearance& look)
-    : surface_(std::make_shared<FilterSurface>(filter, look, *this)) {
+FilterWindow::FilterWindow(HWND parent, const RECT& bounds, control::Filter& filter, IUnknown* control,
+                           const Appearance& look)
+    : surface_(std::make_shared<FilterSurface>(filter, control, look, *this)) {
     surface_->open(parent, bounds);
 }
 

@@ -2,6 +2,8 @@
 
 #include <windows.h>
 
+#include <unknwn.h>
+
 #include <functional>
 #include <memory>
 
@@ -26,9 +28,10 @@ class FilterSurface;
 /// it.
 class FilterWindow {
   public:
-    /// Creates the windows as a child of `parent`, laid out and shown. The filter must outlive the windows.
-    /// AutomationError 7 when a window cannot be created.
-    FilterWindow(HWND parent, const RECT& bounds, control::Filter& filter, const Appearance& look);
+    /// Creates the windows as a child of `parent`, laid out and shown. The filter must outlive the windows: it belongs
+    /// to `control`, which each of their messages keeps alive until it is handled; null when somebody else sees to
+    /// that. AutomationError 7 when a window cannot be created.
+    FilterWindow(HWND parent, const RECT& bounds, control::Filter& filter, IUnknown* control, const Appearance& look);
     FilterWindow(const FilterWindow&) = delete;
     FilterWindow& operator=(const FilterWindow&) = delete;
     /// Destroys the windows; the filter stays.

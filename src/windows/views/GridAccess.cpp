@@ -225,7 +225,10 @@ class GridNode final : public ComObject<IAccessible> {
         else if constexpr (!std::is_same_v<Out, GridNode>)
             *out = {};
         const std::shared_ptr<GridView> grid = grid_.lock();
-        if (!grid || !grid->hwnd() || !grid->modelLives() || at_.column > grid->grid().maxCols() ||
+        if (!grid)
+            return CO_E_OBJNOTCONNECTED;
+        const Window::Use inUse(*grid);
+        if (!grid->hwnd() || !grid->modelLives() || at_.column > grid->grid().maxCols() ||
             at_.row > grid->grid().maxRows())
             return CO_E_OBJNOTCONNECTED;
         return guarded([&] { return action(*grid); });

@@ -67,6 +67,11 @@ void Window::destroy() noexcept {
         DestroyWindow(hwnd_);
 }
 
+Window::Use::Use(const Window& window) noexcept : root_(window.root_.lock()), window_(window.weak_from_this().lock()) {
+    if (root_)
+        object_ = ComPtr<IUnknown>::copyFrom(root_->kept_);
+}
+
 std::shared_ptr<Window> Window::of(HWND hwnd) noexcept {
     DWORD process = 0;
     if (!hwnd || !GetWindowThreadProcessId(hwnd, &process) || process != GetCurrentProcessId())
@@ -78,6 +83,8 @@ std::shared_ptr<Window> Window::of(HWND hwnd) noexcept {
 void Window::create(const Creation& how) {
     static const WindowClass ownClass(&Window::procedure);
     const VisualStyles styles;
+    const auto parent = of(how.parent);
+    root_ = parent ? parent->root_ : weak_from_this();
     if ((how.style & WS_POPUP) != 0)
         opener_ = how.parent;
     const HWND created =
@@ -134,15 +141,15 @@ LRESULT CALLBACK Window::procedure(HWND hwnd, UINT message, WPARAM wParam, LPARA
     Window* window = objectOf(hwnd);
     if (!window)
         return DefWindowProcW(hwnd, message, wParam, lParam);
-    const std::shared_ptr<Window> alive = window->weak_from_this().lock();
+    const Use inUse(*window);
     if (message == WM_NCDESTROY) {
         RemovePropW(hwnd, objectProperty);
         const LRESULT result = window->pass(message, wParam, lParam);
         window->hwnd_ = nullptr;
         return result;
     }
-    // Without an owner the object is going: its virtual functions are those of a base class by now.
-    if (!alive)
+    // An object that nobody holds is going: its virtual functions are those of a base class by now.
+    if (!inUse)
         return window->pass(message, wParam, lParam);
     try {
         const LRESULT result = window->onMessage(message, wParam, lParam);

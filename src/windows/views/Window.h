@@ -1,5 +1,7 @@
 #pragma once
 
+#include "windows/com/ComPtr.h"
+
 #include <windows.h>
 
 #include <memory>
@@ -7,7 +9,8 @@
 namespace orv::windows {
 
 /// A window of our own class, or a common control with our procedure in front of its own. Owned by shared pointers: a
-/// message keeps its window object alive until it is handled, so a handler may do away with its own window.
+/// message keeps alive, until it is handled, its window object, the outermost one of our windows that it was made in,
+/// and the object that this one names. So a handler may do away with any of them.
 ///
 /// No exception leaves a window procedure: what a handler throws goes to the debugger, the message counts as handled.
 class Window : public std::enable_shared_from_this<Window> {
@@ -21,10 +24,28 @@ class Window : public std::enable_shared_from_this<Window> {
     HWND hwnd() const noexcept { return hwnd_; }
     void destroy() noexcept;
 
-    /// The object of a window of ours that has an owner; null for any other window.
+    /// The object of a window of ours that is held by a shared pointer; null for any other window.
     static std::shared_ptr<Window> of(HWND hwnd) noexcept;
 
+    /// Keeps alive, for a scope, what a message to the window keeps alive: for those who come to it in another way.
+    class Use {
+      public:
+        explicit Use(const Window& window) noexcept;
+        /// False while the window object is made or destroyed.
+        explicit operator bool() const noexcept { return window_ != nullptr; }
+
+      private:
+        // Let go of from the last one to the first: the windows show what belongs to the object.
+        ComPtr<IUnknown> object_;
+        std::shared_ptr<const Window> root_;
+        std::shared_ptr<const Window> window_;
+    };
+
   protected:
+    /// Has the messages of this outermost window, and of all that are made in it, keep an object alive; null for none.
+    /// Between messages it is not counted: whoever named it takes it back before it goes.
+    void keepDuringMessages(IUnknown* object) noexcept { kept_ = object; }
+
     struct Creation {
         const wchar_t* controlClass = nullptr; ///< a common control; null for a window of our own class
         DWORD style = WS_CHILD;
@@ -50,6 +71,8 @@ class Window : public std::enable_shared_from_this<Window> {
 
     HWND hwnd_ = nullptr;
     HWND opener_ = nullptr;
+    std::weak_ptr<Window> root_; ///< the outermost window of ours that this one was made in, or itself
+    IUnknown* kept_ = nullptr;
     WNDPROC control_ = nullptr;
 };
 

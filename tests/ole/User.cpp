@@ -1,0 +1,73 @@
+#include "ole/User.h"
+
+namespace orv::windows::test {
+
+namespace {
+
+struct Search {
+    std::function<bool(HWND)> wanted;
+    HWND found = nullptr;
+};
+
+BOOL CALLBACK look(HWND window, LPARAM data) {
+    auto& search = *reinterpret_cast<Search*>(data);
+    if (search.wanted(window))
+        search.found = window;
+    return search.found == nullptr;
+}
+
+HWND childThat(HWND parent, std::function<bool(HWND)> wanted) {
+    Search search{std::move(wanted)};
+    EnumChildWindows(parent, look, reinterpret_cast<LPARAM>(&search));
+    return search.found;
+}
+
+std::function<void(HWND)> modalUser;
+
+void CALLBACK lookForModal(HWND, UINT, UINT_PTR, DWORD) {
+    const HWND modal = FindWindowW(L"#32770", nullptr);
+    DWORD process = 0;
+    GetWindowThreadProcessId(modal, &process);
+    if (modal && process == GetCurrentProcessId() && modalUser)
+        modalUser(modal);
+}
+
+} // namespace
+
+void key(WPARAM code) {
+    SendMessageW(GetFocus(), WM_KEYDOWN, code, 1);
+}
+
+void type(std::u16string_view letters) {
+    for (const char16_t letter : letters)
+        SendMessageW(GetFocus(), WM_CHAR, letter, 1);
+}
+
+HWND childWithText(HWND parent, const wchar_t* text) {
+    return childThat(parent, [text](HWND window) {
+        wchar_t own[32] = {};
+        GetWindowTextW(window, own, 32);
+        return IsWindowVisible(window) && lstrcmpW(own, text) == 0;
+    });
+}
+
+HWND childOfClass(HWND parent, const wchar_t* className, DWORD style) {
+    return childThat(parent, [className, style](HWND window) {
+        wchar_t own[64] = {};
+        GetClassNameW(window, own, 64);
+        return lstrcmpiW(own, className) == 0 &&
+               (static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & style) == style;
+    });
+}
+
+ModalUser::ModalUser(std::function<void(HWND)> acts) {
+    modalUser = std::move(acts);
+    timer_ = SetTimer(nullptr, 0, 30, lookForModal);
+}
+
+ModalUser::~ModalUser() {
+    KillTimer(nullptr, timer_);
+    modalUser = nullptr;
+}
+
+} // namespace orv::windows::test

@@ -1,0 +1,31 @@
+#pragma once
+
+#include <windows.h>
+
+#include <functional>
+#include <string_view>
+
+// What a user does: messages as the system sends them to the window that has the focus.
+namespace orv::windows::test {
+
+void key(WPARAM code);
+void type(std::u16string_view letters);
+
+/// The visible window with that text within another one; null without one.
+HWND childWithText(HWND parent, const wchar_t* text);
+/// The first window of that class within another one whose style has these bits; null without one.
+HWND childOfClass(HWND parent, const wchar_t* className, DWORD style = 0);
+
+/// What a user does once a modal window of the process has come up: asked by a timer, in the modal window's own loop.
+class ModalUser {
+  public:
+    explicit ModalUser(std::function<void(HWND)> acts);
+    ModalUser(const ModalUser&) = delete;
+    ModalUser& operator=(const ModalUser&) = delete;
+    ~ModalUser();
+
+  private:
+    UINT_PTR timer_;
+};
+
+} // namespace orv::windows::test
