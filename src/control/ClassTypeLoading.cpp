@@ -15,7 +15,6 @@ using automation::AutomationError;
 using automation::Collection;
 using automation::Dictionary;
 using automation::ObjectRef;
-using automation::Value;
 
 namespace {
 

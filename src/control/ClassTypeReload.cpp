@@ -11,7 +11,6 @@
 
 namespace orv::control {
 
-using automation::Collection;
 using automation::Dictionary;
 using automation::Value;
 using metadata::FieldRef;

@@ -9,7 +9,6 @@
 namespace orv::editor {
 
 using automation::Argument;
-using automation::AutomationError;
 using automation::Dictionary;
 using automation::ObjectRef;
 using automation::Recordset;

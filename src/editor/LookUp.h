@@ -46,7 +46,7 @@ class LookUp {
 
     /// Runs the look-up for a field of the catalogue; works on a full copy of its record. What to write into the
     /// value cell, or nothing: cancelled, refused with a message, or a field without look-up.
-    std::optional<LookUpChoice> choose(const metadata::FieldRecord& field);
+    std::optional<LookUpChoice> choose(const metadata::FieldRecord& source);
 
   private:
     std::optional<LookUpChoice> chooseByKind(const automation::Dictionary& field);

@@ -5,7 +5,6 @@
 namespace orv::metadata {
 
 using automation::Dictionary;
-using automation::Value;
 
 LookUpDescription LookUpDescription::parse(std::u16string_view lookUpList) {
     LookUpDescription result;
