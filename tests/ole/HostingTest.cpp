@@ -137,14 +137,14 @@ void liveOnce(HWND form, int page) {
     pumpMessages();
 }
 
-TEST(Hosting, FiftyLivesLeaveNoWindowAndNoGdiObjectBehind) {
+TEST(Hosting, TwoHundredLivesLeaveNoWindowAndNoGdiObjectBehind) {
     const HWND form = sharedForm().hwnd();
     const Dll kept(u"ORVFilter.ocx"); // what the module makes once is not made again
     for (int page = 1; page <= 3; ++page)
         liveOnce(form, page);
     const std::size_t windows = windowCount();
     const std::size_t objects = gdiCount();
-    for (int cycle = 0; cycle < 50; ++cycle)
+    for (int cycle = 0; cycle < 200; ++cycle)
         liveOnce(form, cycle % 3 + 1);
     EXPECT_EQ(windowCount(), windows);
     EXPECT_EQ(gdiCount(), objects);

@@ -1,15 +1,10 @@
-#include "automation/Coercion.h"
-#include "faults/Sessions.h"
-#include "ole/Container.h"
+#include "ole/Form.h"
 #include "ole/GuiObjects.h"
 #include "ole/SampleComponents.h"
-#include "ole/User.h"
-#include "windows/com/Wrappers.h"
 
 #include <gtest/gtest.h>
 
 #include <commctrl.h>
-#include <oleacc.h>
 
 #include <algorithm>
 
@@ -19,74 +14,10 @@ namespace orv::windows::test {
 
 namespace {
 
-using automation::ObjectRef;
 using faults::FaultyHost;
 
-/// The window of a form that is closed behind the user's back.
-class InnerWindow {
-  public:
-    InnerWindow()
-        : hwnd_(CreateWindowExW(0, L"STATIC", L"", WS_CHILD | WS_VISIBLE | WS_CLIPCHILDREN, 0, 0, 800, 600,
-                                sharedForm().hwnd(), nullptr, nullptr, nullptr)) {}
-    InnerWindow(const InnerWindow&) = delete;
-    InnerWindow& operator=(const InnerWindow&) = delete;
-    ~InnerWindow() { close(); }
-    HWND hwnd() const noexcept { return hwnd_; }
-    void close() noexcept {
-        if (const HWND hwnd = std::exchange(hwnd_, nullptr))
-            DestroyWindow(hwnd);
-    }
-
-  private:
-    HWND hwnd_;
-};
-
-/// A form with the control on it, set up on the sample's small class types.
-class Form {
-  public:
-    explicit Form(FaultyHost& host) {
-        const ObjectRef filter = wrap(control_.loaded.filter.get());
-        automation::let(filter, u"dctControl", host.erp().defaultSettings().object());
-        automation::let(filter, u"DataSrv", host.dataService(faults::receipts));
-        control_.start();
-        control_.verb(OLEIVERB_UIACTIVATE);
-        EXPECT_TRUE(automation::toBoolean(automation::call(filter, u"Initialize", u"1000201,1000202")));
-        pumpMessages();
-    }
-
-    HWND withText(const wchar_t* text) const { return childWithText(control_.window(), text); }
-    HWND ofClass(const wchar_t* className) const { return childOfClass(control_.window(), className); }
-    HWND grid() const { return withText(L"条件"); }
-
-    /// The references to the control that are left when the host has let go of all of its own.
-    ULONG close(bool windowFirst) {
-        if (windowFirst)
-            window_.close();
-        const ULONG left = control_.finish();
-        window_.close();
-        return left;
-    }
-    bool isClosed() const noexcept { return !control_.loaded.filter; }
-
-  private:
-    InnerWindow window_;
-    Embedded control_{window_.hwnd()};
-};
-
-/// Goes to the field cell of the first line and opens its list.
-void openFields(const Form& form) {
-    SetFocus(form.grid());
-    key(VK_HOME);
-    key(VK_RIGHT);
-    key(VK_F4);
-}
-void chooseField(const Form& form, std::u16string_view caption) {
-    openFields(form);
-    type(caption);
-    key(VK_RETURN);
-}
 void prepareLookUp(const Form& form, FaultyHost& host) {
-    chooseField(form, u"单号");
+    form.chooseField(u"单号");
     host.erp().queueLookUp(u"C1");
 }
 void click(HWND window, POINT at) {
@@ -103,7 +34,7 @@ constexpr WPARAM saveTool = 1;
 constexpr WPARAM deleteTool = 2;
 
 void prepareScheme(const Form& form, FaultyHost&) {
-    chooseField(form, u"单号");
+    form.chooseField(u"单号");
     clickTool(form, saveTool);
 }
 void clickScheme(const Form& form) {
@@ -112,22 +43,6 @@ void clickScheme(const Form& form) {
     item.left = LVIR_ICON;
     ASSERT_NE(SendMessageW(list, LVM_GETITEMRECT, 0, reinterpret_cast<LPARAM>(&item)), 0) << "no scheme";
     click(list, {(item.left + item.right) / 2, (item.top + item.bottom) / 2});
-}
-
-/// The grid's active cell, as assistive programs know it.
-ComPtr<IAccessible> activeCell(const Form& form) {
-    ComPtr<IAccessible> table, cell;
-    AccessibleObjectFromWindow(form.grid(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), table.putVoid());
-    UniqueVariant focus;
-    if (table && table->get_accFocus(focus.put()) == S_OK)
-        V_DISPATCH(&focus.ref())->QueryInterface(__uuidof(IAccessible), cell.putVoid());
-    return cell;
-}
-VARIANT itself() {
-    VARIANT child;
-    V_VT(&child) = VT_I4;
-    V_I4(&child) = CHILDID_SELF;
-    return child;
 }
 
 /// Names a scheme, and says yes to what is asked about it.
@@ -149,11 +64,11 @@ struct UserAction {
 constexpr UserAction actions[] = {
     {"chooses a field",
      [](const Form& form, FaultyHost&) {
-         openFields(form);
+         form.openFields();
          type(u"单号");
      },
      [](const Form&) { key(VK_RETURN); }},
-    {"chooses a field with the mouse", [](const Form& form, FaultyHost&) { openFields(form); },
+    {"chooses a field with the mouse", [](const Form& form, FaultyHost&) { form.openFields(); },
      [](const Form&) {
          const HWND list = FindWindowW(L"ListBox", nullptr);
          RECT item{};
@@ -164,14 +79,14 @@ constexpr UserAction actions[] = {
     {"presses the button of a look-up", prepareLookUp,
      [](const Form& form) {
          LONG left = 0, top = 0, width = 0, height = 0;
-         ASSERT_EQ(activeCell(form)->accLocation(&left, &top, &width, &height, itself()), S_OK);
+         ASSERT_EQ(form.activeCell()->accLocation(&left, &top, &width, &height, itself()), S_OK);
          POINT button{left + width - 8, top + height / 2};
          ScreenToClient(form.grid(), &button);
          click(form.grid(), button);
      }},
     {"chooses a comparison whose values are queried",
      [](const Form& form, FaultyHost&) {
-         chooseField(form, u"类型");
+         form.chooseField(u"类型");
          key(VK_LEFT);
          key(VK_F4);
          type(u"其中");
@@ -179,18 +94,18 @@ constexpr UserAction actions[] = {
      [](const Form&) { key(VK_RETURN); }},
     {"types an account that is checked",
      [](const Form& form, FaultyHost&) {
-         chooseField(form, u"科目");
+         form.chooseField(u"科目");
          type(u"1001");
      },
      [](const Form&) { key(VK_TAB); }},
-    {"chooses a date", [](const Form& form, FaultyHost&) { chooseField(form, u"日期"); },
+    {"chooses a date", [](const Form& form, FaultyHost&) { form.chooseField(u"日期"); },
      [](const Form&) {
          key(VK_F4);
          key(VK_RETURN);
      }},
-    {"has an assistive program open a calendar", [](const Form& form, FaultyHost&) { chooseField(form, u"日期"); },
+    {"has an assistive program open a calendar", [](const Form& form, FaultyHost&) { form.chooseField(u"日期"); },
      [](const Form& form) {
-         const auto cell = activeCell(form);
+         const auto cell = form.activeCell();
          ASSERT_TRUE(cell);
          cell->accDoDefaultAction(itself());
      }},
