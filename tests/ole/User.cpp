@@ -24,7 +24,19 @@ HWND childThat(HWND parent, std::function<bool(HWND)> wanted) {
 
 std::function<void(HWND)> modalUser;
 
+/// A menu that is open gets its second item, or is left where it has no more.
+void useMenu() {
+    GUITHREADINFO thread{};
+    thread.cbSize = sizeof thread;
+    if (!GetGUIThreadInfo(GetCurrentThreadId(), &thread) || (thread.flags & GUI_INMENUMODE) == 0)
+        return;
+    PostMessageW(thread.hwndMenuOwner, WM_KEYDOWN, VK_DOWN, 1);
+    PostMessageW(thread.hwndMenuOwner, WM_KEYDOWN, VK_DOWN, 1);
+    PostMessageW(thread.hwndMenuOwner, WM_KEYDOWN, VK_RETURN, 1);
+}
+
 void CALLBACK lookForModal(HWND, UINT, UINT_PTR, DWORD) {
+    useMenu();
     const HWND modal = FindWindowW(L"#32770", nullptr);
     DWORD process = 0;
     GetWindowThreadProcessId(modal, &process);

@@ -17,6 +17,7 @@ HWND childWithText(HWND parent, const wchar_t* text);
 HWND childOfClass(HWND parent, const wchar_t* className, DWORD style = 0);
 
 /// What a user does once a modal window of the process has come up: asked by a timer, in the modal window's own loop.
+/// Of a menu that is open he takes the second item.
 class ModalUser {
   public:
     explicit ModalUser(std::function<void(HWND)> acts);

@@ -237,5 +237,34 @@ TEST(InactivePicture, IsDrawnIntoBitmapsAndMetafiles) {
     EXPECT_GT(header.nRecords, 200U);
 }
 
+/// The bars that a grid shows at an outer size.
+DWORD barsAt(HWND grid, int width, int height) {
+    SetWindowPos(grid, nullptr, 0, 0, width, height, SWP_NOZORDER | SWP_NOMOVE | SWP_NOACTIVATE);
+    return static_cast<DWORD>(GetWindowLongW(grid, GWL_STYLE)) & (WS_VSCROLL | WS_HSCROLL);
+}
+
+TEST(GridBars, OfWhichEachMakesTheOtherOneNecessaryComeToRest) {
+    constexpr int plenty = 4000;
+    Stage stage;
+    stage.openClassType(1000201);
+    stage.filter->SetPagetoTop(3);
+    pump(stage);
+    const HWND grid = stage.windowOf(stage.filter->controls().vsHideColumn);
+    ASSERT_NE(grid, nullptr);
+    ASSERT_EQ(barsAt(grid, plenty, plenty), 0u);
+    // The least size at which there is no bar.
+    int width = plenty, height = plenty;
+    for (int step = plenty / 2; step > 0; step /= 2) {
+        while (width > step && barsAt(grid, width - step, plenty) == 0)
+            width -= step;
+        while (height > step && barsAt(grid, plenty, height - step) == 0)
+            height -= step;
+    }
+    EXPECT_EQ(barsAt(grid, width + 100, height - 50), DWORD{WS_VSCROLL});
+    EXPECT_EQ(barsAt(grid, width + 2, height + 2), 0u) << "all is to be seen without them";
+    EXPECT_EQ(barsAt(grid, width - 50, height + 100), DWORD{WS_HSCROLL});
+    EXPECT_EQ(barsAt(grid, width - 50, height - 50), DWORD{WS_VSCROLL | WS_HSCROLL});
+}
+
 } // namespace
 } // namespace orv::windows

@@ -1,5 +1,7 @@
 #include "windows/views/GridView.h"
 
+#include "support/FlagScope.h"
+
 #include <windowsx.h>
 
 #include <imm.h>
@@ -86,29 +88,41 @@ void GridView::shapeChanged() {
 }
 
 void GridView::updateScrollBars() {
+    // A bar that comes or goes changes the client area, and the window is told so at once, amid of this.
+    if (measuring_)
+        return;
+    const support::FlagScope measuring(measuring_);
     if (columnsSeen_ != typed().maxCols()) {
         columnsSeen_ = typed().maxCols();
         stretched_ = widestColumn(typed());
     }
-    // A bar that comes or goes changes the client area: the second round settles it.
+    // Each bar takes room that the other one's need depends on. In turns, and never both by the same layout: that could
+    // go round for ever.
     for (int round = 0; round < 2; ++round) {
-        RECT client;
-        GetClientRect(hwnd(), &client);
-        layout_ = GridLayout(typed(), measures_, {client.right, client.bottom}, stretched_, topRow_, leftPx_);
-        SCROLLINFO info{};
-        info.cbSize = sizeof info;
-        info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
-        info.nMin = 1;
-        info.nMax = std::max(layout_.rows(), 1);
-        info.nPage = static_cast<UINT>(layout_.wholeRows());
-        info.nPos = layout_.topRow();
-        SetScrollInfo(hwnd(), SB_VERT, &info, TRUE);
-        info.nMin = 0;
-        info.nMax = std::max(layout_.columnsWidth() - 1, 0);
-        info.nPage = static_cast<UINT>(std::max(client.right - measures_.rowHeaderWidth, LONG{1}));
-        info.nPos = layout_.leftPx();
-        SetScrollInfo(hwnd(), SB_HORZ, &info, TRUE);
+        layOut();
+        setBar(SB_VERT, {1, std::max(layout_.rows(), 1), layout_.wholeRows(), layout_.topRow()});
+        layOut();
+        const int room = static_cast<int>(layout_.client().cx) - measures_.rowHeaderWidth;
+        setBar(SB_HORZ, {0, std::max(layout_.columnsWidth() - 1, 0), std::max(room, 1), layout_.leftPx()});
     }
+    layOut();
+}
+
+void GridView::setBar(int bar, const BarRange& range) {
+    SCROLLINFO info{};
+    info.cbSize = sizeof info;
+    info.fMask = SIF_RANGE | SIF_PAGE | SIF_POS;
+    info.nMin = range.first;
+    info.nMax = range.last;
+    info.nPage = static_cast<UINT>(range.page);
+    info.nPos = range.position;
+    SetScrollInfo(hwnd(), bar, &info, TRUE);
+}
+
+void GridView::layOut() {
+    RECT client;
+    GetClientRect(hwnd(), &client);
+    layout_ = GridLayout(typed(), measures_, {client.right, client.bottom}, stretched_, topRow_, leftPx_);
     topRow_ = layout_.topRow();
     leftPx_ = layout_.leftPx();
 }

@@ -55,6 +55,11 @@ class GridView final : public NativeView<ui::Spread> {
     void paint();
     void shapeChanged();
     void updateScrollBars();
+    struct BarRange {
+        int first, last, page, position;
+    };
+    void setBar(int bar, const BarRange& range);
+    void layOut();
     void scrollTo(int topRow, int leftPx);
     void onScrollBar(int bar, WORD action);
     void onWheel(int delta);
@@ -139,6 +144,7 @@ class GridView final : public NativeView<ui::Spread> {
     int stretched_ = 0; ///< the column that takes the room that is left; 0 once the user has sized it
     ui::CellRef shownActive_{0, 0};
     bool reshapePending_ = false;
+    bool measuring_ = false; ///< scroll bars are being set
     int draggedColumn_ = 0;
     int dragFrom_ = 0;
     int dragWidth_ = 0;
