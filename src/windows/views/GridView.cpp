@@ -88,7 +88,7 @@ void GridView::shapeChanged() {
 }
 
 void GridView::updateScrollBars() {
-    // A bar that comes or goes changes the client area, and the window is told so at once, amid of this.
+    // A bar that comes or goes changes the client area, and the window is told so in the midst of this.
     if (measuring_)
         return;
     const support::FlagScope measuring(measuring_);
