@@ -8,7 +8,12 @@ registry() {
     local part
     rm -f "$1"
     for part in HKLM\\Software HKCU\\Software; do
-        "${wine[@]}" reg export "$part" "Z:$work/part.reg" /y >/dev/null 2>&1
+        rm -f "$work/part.reg"
+        # Seen once: an export that had written nothing.
+        for _ in 1 2 3; do
+            "${wine[@]}" reg export "$part" "Z:$work/part.reg" /y >/dev/null 2>&1 && [ -s "$work/part.reg" ] && break
+        done
+        [ -s "$work/part.reg" ] || echo "registry: $part cannot be read" >&2
         iconv -f UTF-16 -t UTF-8 "$work/part.reg" | tr -d '\r' >>"$1"
     done
     # One line a key.
