@@ -13,7 +13,7 @@ registry() {
         for _ in 1 2 3; do
             "${wine[@]}" reg export "$part" "Z:$work/part.reg" /y >/dev/null 2>&1 && [ -s "$work/part.reg" ] && break
         done
-        [ -s "$work/part.reg" ] || echo "registry: $part cannot be read" >&2
+        [ -s "$work/part.reg" ] || fail "the registry can be read: $part"
         iconv -f UTF-16 -t UTF-8 "$work/part.reg" | tr -d '\r' >>"$1"
     done
     # One line a key.
