@@ -33,19 +33,6 @@ automation::ObjectRef Form::filter() const {
     return wrap(control_.loaded.filter.get());
 }
 
-void Form::openFields() const {
-    SetFocus(grid());
-    key(VK_HOME);
-    key(VK_RIGHT);
-    key(VK_F4);
-}
-
-void Form::chooseField(std::u16string_view caption) const {
-    openFields();
-    type(caption);
-    key(VK_RETURN);
-}
-
 ComPtr<IAccessible> Form::activeCell() const {
     ComPtr<IAccessible> table, cell;
     AccessibleObjectFromWindow(grid(), static_cast<DWORD>(OBJID_CLIENT), __uuidof(IAccessible), table.putVoid());

@@ -33,9 +33,6 @@ class Form {
     HWND withText(const wchar_t* text) const { return childWithText(control_.window(), text); }
     HWND ofClass(const wchar_t* className) const { return childOfClass(control_.window(), className); }
     HWND grid() const { return withText(L"条件"); }
-    /// Goes to the field cell of the first line and opens its list.
-    void openFields() const;
-    void chooseField(std::u16string_view caption) const;
     /// The active cell of the grid, as assistive programs know it; null without one.
     ComPtr<IAccessible> activeCell() const;
 

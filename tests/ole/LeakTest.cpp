@@ -20,12 +20,7 @@ using automation::Value;
 
 /// Puts a condition into the first line: list, edit box and all.
 void enterCondition(HWND grid) {
-    SetFocus(grid);
-    key(VK_HOME);
-    key(VK_RIGHT);
-    key(VK_F4);
-    type(u"单据编");
-    key(VK_RETURN);
+    chooseField(grid, u"单据编");
     type(u"SK-1");
 }
 

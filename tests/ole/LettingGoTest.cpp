@@ -17,7 +17,7 @@ namespace {
 using faults::FaultyHost;
 
 void prepareLookUp(const Form& form, FaultyHost& host) {
-    form.chooseField(u"单号");
+    chooseField(form.grid(), u"单号");
     host.erp().queueLookUp(u"C1");
 }
 void click(HWND window, POINT at) {
@@ -34,7 +34,7 @@ constexpr WPARAM saveTool = 1;
 constexpr WPARAM deleteTool = 2;
 
 void prepareScheme(const Form& form, FaultyHost&) {
-    form.chooseField(u"单号");
+    chooseField(form.grid(), u"单号");
     clickTool(form, saveTool);
 }
 void clickScheme(const Form& form) {
@@ -64,11 +64,11 @@ struct UserAction {
 constexpr UserAction actions[] = {
     {"chooses a field",
      [](const Form& form, FaultyHost&) {
-         form.openFields();
+         openFields(form.grid());
          type(u"单号");
      },
      [](const Form&) { key(VK_RETURN); }},
-    {"chooses a field with the mouse", [](const Form& form, FaultyHost&) { form.openFields(); },
+    {"chooses a field with the mouse", [](const Form& form, FaultyHost&) { openFields(form.grid()); },
      [](const Form&) {
          const HWND list = FindWindowW(L"ListBox", nullptr);
          RECT item{};
@@ -86,7 +86,7 @@ constexpr UserAction actions[] = {
      }},
     {"chooses a comparison whose values are queried",
      [](const Form& form, FaultyHost&) {
-         form.chooseField(u"类型");
+         chooseField(form.grid(), u"类型");
          key(VK_LEFT);
          key(VK_F4);
          type(u"其中");
@@ -94,16 +94,17 @@ constexpr UserAction actions[] = {
      [](const Form&) { key(VK_RETURN); }},
     {"types an account that is checked",
      [](const Form& form, FaultyHost&) {
-         form.chooseField(u"科目");
+         chooseField(form.grid(), u"科目");
          type(u"1001");
      },
      [](const Form&) { key(VK_TAB); }},
-    {"chooses a date", [](const Form& form, FaultyHost&) { form.chooseField(u"日期"); },
+    {"chooses a date", [](const Form& form, FaultyHost&) { chooseField(form.grid(), u"日期"); },
      [](const Form&) {
          key(VK_F4);
          key(VK_RETURN);
      }},
-    {"has an assistive program open a calendar", [](const Form& form, FaultyHost&) { form.chooseField(u"日期"); },
+    {"has an assistive program open a calendar",
+     [](const Form& form, FaultyHost&) { chooseField(form.grid(), u"日期"); },
      [](const Form& form) {
          const auto cell = form.activeCell();
          ASSERT_TRUE(cell);

@@ -63,13 +63,25 @@ HWND childWithText(HWND parent, const wchar_t* text) {
     });
 }
 
-HWND childOfClass(HWND parent, const wchar_t* className, DWORD style) {
-    return childThat(parent, [className, style](HWND window) {
+HWND childOfClass(HWND parent, const wchar_t* className) {
+    return childThat(parent, [className](HWND window) {
         wchar_t own[64] = {};
         GetClassNameW(window, own, 64);
-        return lstrcmpiW(own, className) == 0 &&
-               (static_cast<DWORD>(GetWindowLongW(window, GWL_STYLE)) & style) == style;
+        return lstrcmpiW(own, className) == 0;
     });
+}
+
+void openFields(HWND grid) {
+    SetFocus(grid);
+    key(VK_HOME);
+    key(VK_RIGHT);
+    key(VK_F4);
+}
+
+void chooseField(HWND grid, std::u16string_view caption) {
+    openFields(grid);
+    type(caption);
+    key(VK_RETURN);
 }
 
 ModalUser::ModalUser(std::function<void(HWND)> acts) {
